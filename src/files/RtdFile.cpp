@@ -1,0 +1,79 @@
+#include "files/RtdFile.h"
+
+#include "common/NumberText.h"
+#include "common/RunTimeError.h"
+#include "files/REGbas1.h"
+
+namespace zrt {
+namespace {
+
+int intOf(const IniDocument &doc, const char *section, const char *key)
+{
+    const auto v = doc.value(section, key);
+    return v ? static_cast<int>(LeadingInteger(*v)) : 0;
+}
+
+// Setting a list's ListIndex: -1 (none) to count - 1, anything else is a bad property index.
+std::optional<int> listIndexFor(int value, int offset, int listCount)
+{
+    if (value == 0)
+        return std::nullopt;
+    const long long index = static_cast<long long>(value) - offset;
+    if (index < -1 || index >= listCount)
+        raise(ErrInvalidPropertyIndex);
+    return static_cast<int>(index);
+}
+
+} // namespace
+
+IniDocument BuildRtd(const CollectedLists &lists, const RtdSettings &settings)
+{
+    IniDocument doc;
+    doc.set("RTDINFO", "Vanes", settings.vanesTitle);
+    doc.set("RTDINFO", "Attempts", settings.attemptsTitle);
+    doc.set("RTDINFO", "DataItems", std::to_string(lists.cl2.size()));
+    doc.set("RTDINFO", "Sample", settings.check4 ? "1" : "0");
+    for (size_t i = 0; i < lists.cl2.size(); ++i) {
+        std::string value = lists.cl2[i];
+        if (settings.check4) {
+            if (i >= lists.CL4.size())
+                raise(ErrInvalidPropertyIndex);
+            value += "," + lists.CL4[i];
+        }
+        doc.set("DATA", "Data" + std::to_string(i + 1), value);
+    }
+    return doc;
+}
+
+RtdContent ReadRtd(const IniDocument &doc, int vanesItems, int attemptsItems)
+{
+    RtdContent c;
+    c.sample = intOf(doc, "RTDINFO", "Sample");
+    c.vanesListIndex = listIndexFor(intOf(doc, "RTDINFO", "Vanes"), 1, vanesItems);
+    c.attemptsListIndex = listIndexFor(intOf(doc, "RTDINFO", "Attempts"), 4, attemptsItems);
+    c.dataItems = toInt16(intOf(doc, "RTDINFO", "DataItems"));
+
+    for (int i = 1; i <= c.dataItems; ++i) {
+        // A buffer of 20 characters keeps at most 19 of a value.
+        std::string value = doc.value("DATA", "Data" + std::to_string(i)).value_or("").substr(0, 19);
+        if (c.sample == 1) {
+            const size_t comma = value.find(',');
+            if (comma == std::string::npos)
+                continue;
+            c.lists.cl2.push_back(GeneralText(Val(value.substr(0, comma))));
+            c.lists.CL4.push_back(GeneralText(Val(value.substr(comma + 1))));
+        } else {
+            c.lists.cl2.push_back(std::move(value));
+        }
+    }
+    return c;
+}
+
+bool WriteRtdFile(const std::string &path, const IniDocument &doc)
+{
+    if (!REGbas1::CreateEmptyFile(path))
+        return false;
+    return doc.save(path);
+}
+
+} // namespace zrt

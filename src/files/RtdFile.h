@@ -1,0 +1,44 @@
+#pragma once
+// Reaction time data files (.rtd): an ini file with the sections "RTDINFO" and "DATA".
+
+#include "files/IniDocument.h"
+#include "stats/AnalysisState.h"
+
+#include <optional>
+#include <string>
+
+namespace zrt {
+
+inline constexpr const char *kRtdFilter = "Reaction Time Data (*.rtd)";
+inline constexpr const char *kRtdSaveTitle = " Save the Reation Time Data as:";
+inline constexpr const char *kRtdOpenTitle = " Select Reation Time Data to open:";
+
+struct RtdSettings {
+    std::string vanesTitle;    // title of dd1, e.g. "3"
+    std::string attemptsTitle; // title of DD2, e.g. "4"
+    bool check4 = true;        // pairs of visual and audio times
+};
+
+// The document that saving writes, keys in their order. With check4 every item is written as
+// "visual,audio"; an audio list shorter than the visual one is a bad index (run-time error 381).
+IniDocument BuildRtd(const CollectedLists &lists, const RtdSettings &settings);
+
+// What opening a file sets. Everything is read and checked before the window changes, so that
+// a bad value leaves the collected data as it was.
+struct RtdContent {
+    int sample = 0;                      // "Sample"; 1 means pairs
+    std::optional<int> vanesListIndex;   // List1.ListIndex to set; none when "Vanes" is 0
+    std::optional<int> attemptsListIndex;
+    short dataItems = 0;
+    CollectedLists lists;
+    bool check4() const { return sample == 1; }
+};
+
+// vanesItems and attemptsItems are the sizes of List1 (5) and List2 (7): an index outside
+// them is run-time error 381; a "DataItems" beyond 16 bits is an overflow (6).
+RtdContent ReadRtd(const IniDocument &doc, int vanesItems = 5, int attemptsItems = 7);
+
+// The file is created empty first so that no old key survives, then written.
+bool WriteRtdFile(const std::string &path, const IniDocument &doc);
+
+} // namespace zrt

@@ -1,0 +1,84 @@
+#include "reaction/mStopWatch.h"
+
+#include <chrono>
+#include <vector>
+
+namespace mStopWatch {
+namespace {
+
+std::int64_t steadyNanoseconds()
+{
+    return std::chrono::duration_cast<std::chrono::nanoseconds>(
+               std::chrono::steady_clock::now().time_since_epoch())
+        .count();
+}
+
+Counter g_counter = &steadyNanoseconds;
+std::int64_t g_counterFrequency = 1'000'000'000;
+
+// Module state, indexed 0..SwSlotCount as the slots are numbered from 1.
+std::vector<std::int64_t> SwStartCount(1);
+std::vector<std::int64_t> SwStopCount(1);
+std::vector<std::int16_t> SwRunning(1);
+std::int64_t SwFrequency = 0;
+std::int64_t SwOverheadCount = 0;
+std::int32_t SwSlotCount = 0;
+
+bool valid(std::int32_t slot) { return slot >= 1 && slot <= SwSlotCount; }
+
+} // namespace
+
+std::int32_t SwNew()
+{
+    ++SwSlotCount;
+    const auto size = static_cast<size_t>(SwSlotCount) + 1;
+    SwStartCount.resize(size);
+    SwStopCount.resize(size);
+    SwRunning.resize(size);
+    return SwSlotCount;
+}
+
+std::int32_t SwStart(std::int32_t &slot)
+{
+    if (!valid(slot))
+        return 0;
+    const auto s = static_cast<size_t>(slot);
+    SwRunning[s] = -1;
+    SwFrequency = g_counterFrequency;
+    SwStartCount[s] = g_counter();
+    SwStopCount[s] = g_counter();
+    SwOverheadCount = SwStopCount[s] - SwStartCount[s];
+    SwStartCount[s] = g_counter(); // the start of the measured span
+    return 1;
+}
+
+float SwElapsed(std::int32_t &slot)
+{
+    if (!valid(slot))
+        return -1.0f;
+    const auto s = static_cast<size_t>(slot);
+    if (SwRunning[s] == 0)
+        return 0.0f;
+    SwStopCount[s] = g_counter();
+    const std::int64_t span = (SwStopCount[s] - SwStartCount[s]) - SwOverheadCount;
+    return static_cast<float>(static_cast<double>(span) / static_cast<double>(SwFrequency));
+}
+
+void SwSetCounter(Counter counter, std::int64_t frequency)
+{
+    g_counter = counter ? counter : &steadyNanoseconds;
+    g_counterFrequency = counter ? frequency : 1'000'000'000;
+}
+
+std::int64_t SwOverhead() { return SwOverheadCount; }
+
+void SwReset()
+{
+    SwStartCount.assign(1, 0);
+    SwStopCount.assign(1, 0);
+    SwRunning.assign(1, 0);
+    SwSlotCount = 0;
+    SwOverheadCount = 0;
+}
+
+} // namespace mStopWatch

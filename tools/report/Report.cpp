@@ -1,0 +1,155 @@
+#include "Report.h"
+
+#include "common/RunTimeError.h"
+#include "files/RtdFile.h"
+#include "stats/Averages.h"
+#include "stats/GroupedData.h"
+#include "stats/Spearman.h"
+
+#include <filesystem>
+#include <fstream>
+#include <ostream>
+#include <sstream>
+
+namespace zrt {
+namespace {
+
+std::string withoutLineEnd(std::string text)
+{
+    while (!text.empty() && (text.back() == '\n' || text.back() == '\r'))
+        text.pop_back();
+    return text;
+}
+
+void averagesSection(const CollectedLists &lists, const ReportOptions &o, AnalysisState &state, std::ostream &out)
+{
+    const AveragesInput in{lists, o.precision, o.sorted ? 1 : 0, o.audio ? 0 : 1};
+    const AveragesAnswer a = Get_Averages(in, state);
+    out << "t1\t" << withoutLineEnd(a.t1) << '\n';
+    if (a.outcome != AveragesAnswer::Outcome::Analysed)
+        return;
+    out << "l8\t" << withoutLineEnd(a.l8) << '\n';
+    for (size_t i = 0; i < a.cmd1Tags.size(); ++i)
+        out << kCmd1Captions[i] << '\t' << a.cmd1Tags[i] << '\n';
+    for (size_t i = 0; i < a.cmd2Tags.size(); ++i)
+        out << kCmd2Captions[i] << '\t' << a.cmd2Tags[i] << '\n';
+}
+
+void groupsSection(const CollectedLists &lists, const ReportOptions &o, AnalysisState &state, std::ostream &out)
+{
+    const GroupedInput in{lists, o.sorted ? 1 : 0, o.audio ? 0 : 1};
+    const GroupedAnswer a = Get_Grouped_Data(in, state);
+    out << "t4\t" << withoutLineEnd(a.t4) << '\n';
+    if (!a.analysed)
+        return;
+    const ClassTable table = BuildClassTable(state.GroupedData);
+    for (const ClassRow &row : table.rows)
+        out << row.label << '\t' << row.frequency << '\t' << row.midpoint << '\t' << row.product << '\t'
+            << row.cumulativeLabel << '\t' << row.cumulative << '\n';
+    out << "Totals\t" << table.frequencyTotal << "\t\t" << table.productTotal << '\n';
+    out << "Estimated Mean\t" << EstimatedMeanText(table) << '\n';
+}
+
+void compareSection(const CollectedLists &lists, AnalysisState &state, std::ostream &out)
+{
+    const CompareAnswer a = Get_Compare_Data(lists, state);
+    out << "Text1\t" << withoutLineEnd(a.text1) << '\n';
+    if (!a.analysed)
+        return;
+    for (const auto &row : a.table.rowTexts())
+        out << row[0] << '\t' << row[1] << '\t' << row[2] << '\t' << row[3] << '\t' << row[4] << '\t' << row[5]
+            << '\n';
+    out << "ld\t" << a.table.ld << '\n';
+    out << "lbSR\t" << a.table.lbSR << '\n';
+}
+
+// Runs one section; its lines up to a failure are kept, the rest of it is left out.
+template <typename Body>
+bool section(const char *title, std::ostream &out, std::ostream &err, Body body)
+{
+    out << '[' << title << "]\n";
+    std::ostringstream lines;
+    bool ok = true;
+    try {
+        body(lines);
+    } catch (const RunTimeError &e) {
+        err << e.message() << '\n';
+        ok = false;
+    }
+    out << lines.str();
+    return ok;
+}
+
+const char *kUsage = "usage: zorvanes-report FILE.rtd [--precision 0|1|2] [--audio] [--sorted]\n";
+
+bool readWholeFile(const std::string &path, std::string &bytes)
+{
+    std::error_code ec;
+    const auto p = std::filesystem::u8path(path);
+    if (!std::filesystem::is_regular_file(p, ec))
+        return false;
+    std::ifstream in(p, std::ios::binary);
+    if (!in)
+        return false;
+    std::ostringstream buffer;
+    buffer << in.rdbuf();
+    bytes = buffer.str();
+    return !in.bad();
+}
+
+} // namespace
+
+bool WriteReport(const CollectedLists &lists, const ReportOptions &options, std::ostream &out, std::ostream &err)
+{
+    AnalysisState state;
+    bool ok = section("Averages", out, err, [&](std::ostream &s) { averagesSection(lists, options, state, s); });
+    ok &= section("Groups", out, err, [&](std::ostream &s) { groupsSection(lists, options, state, s); });
+    ok &= section("Compare", out, err, [&](std::ostream &s) { compareSection(lists, state, s); });
+    return ok;
+}
+
+int ReportMain(int argc, const char *const *argv, std::ostream &out, std::ostream &err)
+{
+    ReportOptions options;
+    std::string file;
+    for (int i = 1; i < argc; ++i) {
+        const std::string arg = argv[i];
+        if (arg == "--audio") {
+            options.audio = true;
+        } else if (arg == "--sorted") {
+            options.sorted = true;
+        } else if (arg == "--precision" && i + 1 < argc) {
+            const std::string v = argv[++i];
+            if (v != "0" && v != "1" && v != "2") {
+                err << kUsage;
+                return 1;
+            }
+            options.precision = v[0] - '0';
+        } else if (arg.rfind("--", 0) != 0 && file.empty()) {
+            file = arg;
+        } else {
+            err << kUsage;
+            return 1;
+        }
+    }
+    if (file.empty()) {
+        err << kUsage;
+        return 1;
+    }
+
+    std::string bytes;
+    if (!readWholeFile(file, bytes)) {
+        err << "zorvanes-report: cannot read " << file << '\n';
+        return 2;
+    }
+    RtdContent content;
+    try {
+        content = ReadRtd(IniDocument::parse(bytes));
+    } catch (const RunTimeError &e) {
+        err << "zorvanes-report: cannot open " << file << ": " << e.message() << '\n';
+        return 2;
+    }
+    return WriteReport(content.lists, options, out, err) ? 0 : 3;
+}
+
+} // namespace zrt
