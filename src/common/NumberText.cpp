@@ -202,9 +202,10 @@ std::string FormatWhole(double t)
 {
     if (!std::isfinite(t))
         raise(ErrOverflow);
-    char buf[64];
-    std::snprintf(buf, sizeof buf, "%.14e", t); // 15 significant digits
-    std::string_view s(buf);
+    // 15 significant digits; to_chars, unlike printf, ignores the locale's decimal separator.
+    std::array<char, 64> buf{};
+    auto res = std::to_chars(buf.data(), buf.data() + buf.size(), t, std::chars_format::scientific, 14);
+    std::string_view s(buf.data(), static_cast<size_t>(res.ptr - buf.data()));
     bool negative = s.front() == '-';
     if (negative)
         s.remove_prefix(1);
