@@ -1,0 +1,88 @@
+#pragma once
+// The four sounds of the tests, loaded once at start-up and played from memory. Playing is
+// asynchronous; a looping sound repeats until StopSound, which silences it at once: the sink
+// keeps only a few milliseconds queued and is reset, never drained. Without an audio output
+// everything still works, silently.
+
+#include "reaction/WaveData.h"
+
+#include <QByteArray>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+#include <array>
+#include <functional>
+#include <memory>
+
+class QAudioSink;
+
+namespace SoundBas {
+
+enum Flags : int {
+    SND_ASYNC = 0x1,
+    SND_MEMORY = 0x4,
+    SND_LOOP = 0x8,
+    SND_PURGE = 0x40,
+};
+
+class LoopingSource;
+
+class SoundPlayer : public QObject {
+    Q_OBJECT
+public:
+    explicit SoundPlayer(QObject *parent = nullptr);
+    ~SoundPlayer() override;
+
+    // The program's one player.
+    static SoundPlayer &instance();
+
+    // Flags 5 play once, 13 loop; any sound playing is replaced. False for data that are no sound.
+    bool PlaySound(const QByteArray &wave, int flags);
+    // Flags 64: silence now.
+    void StopSound();
+
+    bool hasOutput() const;
+    bool isPlaying() const;
+    bool isLooping() const { return m_looping; }
+    // Bytes the last StopSound threw away unplayed (queued in the sink or still to come once).
+    qint64 lastDiscardedBytes() const { return m_lastDiscarded; }
+    // Milliseconds of sound the sink may hold: the most a stop can leave audible.
+    int bufferMilliseconds() const { return m_bufferMs; }
+    void setBufferMilliseconds(int ms) { m_bufferMs = ms; }
+    // With recording on, every PlaySound and StopSound in order ("play:<bytes>", "loop:<bytes>",
+    // "stop"), so that tests can follow what would sound.
+    void setRecording(bool on) { m_recording = on; }
+    const QStringList &history() const { return m_history; }
+    void clearHistory() { m_history.clear(); }
+
+private:
+    void startSink(const zrt::WaveData &wave, bool loop);
+    void silence();
+
+    std::unique_ptr<QAudioSink> m_sink;
+    std::unique_ptr<LoopingSource> m_source;
+    zrt::PcmFormat m_sinkFormat;
+    bool m_looping = false;
+    bool m_playing = false;
+    int m_bufferMs = 20;
+    qint64 m_lastDiscarded = 0;
+    QStringList m_history;
+    bool m_recording = false;
+};
+
+// Sound buffers 1..4 ("SOUND1".."SOUND4").
+struct SoundBank {
+    std::array<QByteArray, 4> buffers;
+    bool SoundDisabled = false;
+};
+
+// Reads the whole file. A file that can't be read is the ordinary file error (run-time error 75).
+QByteArray LoadSoundFile(const QString &path);
+
+// For i in 1..4: the wave file named by "SOUND<i>" of section "Settings" when it exists,
+// otherwise the built-in resource of that name; then "DisableSound" (1 or more sets it).
+// builtIn(i) gives the resource bytes.
+SoundBank LoadSounds(const QString &settingsFile, const std::function<QByteArray(int)> &builtIn);
+
+} // namespace SoundBas
