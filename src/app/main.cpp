@@ -1,10 +1,22 @@
 #include "app/MainFrm.h"
+#include "app/MainMod1.h"
 
 #include <QApplication>
+#include <QMessageBox>
 
 int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Zorvane Reaction Times"));
+    QApplication::setApplicationVersion(QStringLiteral(ZRT_VERSION));
+
+    const bool ready = MainMod1::Startup(MainMod1::GetSpecialFolderPath(), [](const QString &caption,
+                                                                              const QString &text) {
+        QMessageBox::warning(nullptr, caption, text);
+    });
+    if (!ready)
+        return 1;
+
     MainFrm window;
     window.show();
     return app.exec();

@@ -1,0 +1,91 @@
+#include "app/MainMod1.h"
+
+#include "common/RunTimeError.h"
+#include "files/REGbas1.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+
+namespace MainMod1 {
+
+QString ProgramFolder;
+QString DocumentsFolder;
+QString SettingsFile;
+QColor PanelColour, DarkGreenColour, GradientLightColour, GradientDarkColour, HeaderColour;
+SoundBas::SoundBank Sounds;
+
+namespace {
+
+QString withSeparator(QString folder)
+{
+    if (!folder.endsWith(QLatin1Char('/')))
+        folder += QLatin1Char('/');
+    return folder;
+}
+
+} // namespace
+
+void InitColours()
+{
+    PanelColour = QColor(210, 210, 192);
+    DarkGreenColour = QColor(85, 100, 69);
+    GradientLightColour = QColor(248, 248, 242);
+    GradientDarkColour = QColor(196, 196, 174);
+    HeaderColour = QColor(145, 145, 115);
+}
+
+QString GetSpecialFolderPath()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+}
+
+bool EnsureSettingsFile(const QString &path)
+{
+    const std::string file = path.toStdString();
+    if (REGbas1::FileExists(file))
+        return true;
+    REGbas1::CreateEmptyFile(file);
+    QCoreApplication::processEvents();
+    return REGbas1::FileExists(file);
+}
+
+QString SettingsFailureText(const QString &path)
+{
+    return QStringLiteral("This software failed to create the file ") + path + QLatin1Char('\n') +
+           QStringLiteral("This file is required by the program for saving settings") + QLatin1Char('\n') +
+           QStringLiteral("Please create an empty text file and save it as ") + QLatin1String(kSettingsFileName) +
+           QStringLiteral(" in the My Documents folder then restart the program.");
+}
+
+QByteArray BuiltInSound(int i)
+{
+    QFile f(QStringLiteral(":/sounds/sound%1.wav").arg(i));
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+bool Startup(const QString &documentsFolder, const std::function<void(const QString &, const QString &)> &report)
+{
+    ProgramFolder = withSeparator(QCoreApplication::applicationDirPath());
+    InitColours();
+    // A platform that knows no documents folder gives "/" as the original gave "\".
+    DocumentsFolder = withSeparator(documentsFolder);
+    SettingsFile = DocumentsFolder + QLatin1String(kSettingsFileName);
+    if (!EnsureSettingsFile(SettingsFile)) {
+        report(QLatin1String(kSettingsFailureCaption), SettingsFailureText(SettingsFile));
+        return false;
+    }
+    try {
+        Sounds = SoundBas::LoadSounds(SettingsFile, &BuiltInSound);
+    } catch (const zrt::RunTimeError &e) {
+        // A named sound that can't be read: say so and go on with the program's own sounds.
+        report(QStringLiteral("Zorvane Reaction Times"),
+               QString::fromStdString(e.message()) + QStringLiteral("\nA sound file named in ") + SettingsFile +
+                   QStringLiteral(" can't be read; the program's own sounds are used instead."));
+        Sounds = SoundBas::LoadSounds(QString(), &BuiltInSound);
+    }
+    return true;
+}
+
+} // namespace MainMod1

@@ -1,0 +1,60 @@
+#include "app/MainMod1.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+TEST(Startup, CreatesTheSettingsFileEmptyOnce)
+{
+    QTemporaryDir dir;
+    int reports = 0;
+    auto report = [&](const QString &, const QString &) { ++reports; };
+    ASSERT_TRUE(MainMod1::Startup(dir.path(), report));
+    EXPECT_EQ(reports, 0);
+    EXPECT_EQ(MainMod1::SettingsFile, dir.path() + "/Zorvanes.ini");
+    QFile ini(MainMod1::SettingsFile);
+    ASSERT_TRUE(ini.exists());
+    EXPECT_EQ(ini.size(), 0);
+    EXPECT_TRUE(MainMod1::ProgramFolder.endsWith('/'));
+    EXPECT_EQ(MainMod1::PanelColour, QColor(210, 210, 192));
+    EXPECT_EQ(MainMod1::HeaderColour, QColor(145, 145, 115));
+
+    // A settings file that is there is left alone.
+    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
+    ini.write("[Settings]\r\nDisableSound=2\r\n");
+    ini.close();
+    ASSERT_TRUE(MainMod1::Startup(dir.path(), report));
+    EXPECT_EQ(QFileInfo(MainMod1::SettingsFile).size(), 28);
+    EXPECT_TRUE(MainMod1::Sounds.SoundDisabled);
+}
+
+TEST(Startup, FolderThatCannotHoldTheFileEndsTheProgram)
+{
+    QTemporaryDir dir;
+    const QString missing = dir.filePath("no/such/folder");
+    QString caption, text;
+    EXPECT_FALSE(MainMod1::Startup(missing, [&](const QString &c, const QString &t) {
+        caption = c;
+        text = t;
+    }));
+    EXPECT_EQ(caption, "Can't find ini file");
+    const QStringList lines = text.split('\n');
+    ASSERT_EQ(lines.size(), 3);
+    EXPECT_EQ(lines[0], "This software failed to create the file " + missing + "/Zorvanes.ini");
+    EXPECT_EQ(lines[1], "This file is required by the program for saving settings");
+    EXPECT_EQ(lines[2], "Please create an empty text file and save it as Zorvanes.ini in the My Documents "
+                        "folder then restart the program.");
+}
+
+TEST(Startup, UnreadableSoundFileIsReportedAndTheProgramGoesOn)
+{
+    QTemporaryDir dir;
+    QFile ini(dir.filePath("Zorvanes.ini"));
+    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
+    ini.write(("[Settings]\r\nSOUND1=" + dir.path() + "\r\n").toUtf8()); // a folder, not a file
+    ini.close();
+    QString text;
+    EXPECT_TRUE(MainMod1::Startup(dir.path(), [&](const QString &, const QString &t) { text = t; }));
+    EXPECT_TRUE(text.startsWith("Run-time error '75': Path/File access error")) << text.toStdString();
+}
