@@ -1,0 +1,29 @@
+#pragma once
+// The program's stage pictures, icons and sounds, drawn and synthesised in code.
+
+#include <QByteArray>
+#include <QImage>
+
+namespace Artwork {
+
+// 817 x 390: the Record page (a meadow by day) and the audio stage (a little theatre).
+QImage RecordStage();
+QImage AudioStage();
+
+// The still pictures that invite the pupil to press Start: 225 x 178 and 218 x 183.
+QImage StartInvitation();
+QImage AudioInvitation();
+
+// Seven 32 x 32 cells side by side (Open, Clear, Save, Record, Averages, Groups, Compare) on
+// pure green (0x00FF00), the colour that is masked out.
+QImage ToolbarStrip();
+inline constexpr QRgb kToolbarMask = 0xFF00FF00;
+
+// The program's icon, 256 x 256 with transparency.
+QImage ProgramIcon();
+
+// The four wave files (8-bit mono, 11025 Hz): 1 a chime, 2 the looping cue, 3 the hit,
+// 4 the walker's entrance.
+QByteArray Sound(int number);
+
+} // namespace Artwork
