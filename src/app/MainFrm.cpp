@@ -1,7 +1,518 @@
+// The main window: load, layout and resize rules, the toolbar's page buttons, the timers.
+
 #include "app/MainFrm.h"
 
-MainFrm::MainFrm(QWidget *parent) : QMainWindow(parent)
+#include "app/MainMod1.h"
+#include "app/MsgBox.h"
+#include "app/PagePanel.h"
+#include "anim/ucGifPlayer.h"
+#include "common/RunTimeError.h"
+#include "controls/Check.h"
+#include "controls/DropPanel.h"
+#include "controls/GlossButton.h"
+#include "controls/RowList.h"
+#include "reaction/SoundBas.h"
+#include "reaction/mStopWatch.h"
+#include "toolbar/ThemedToolbar.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QFile>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPainter>
+#include <QThread>
+
+#include <algorithm>
+
+namespace {
+
+// Design sizes of the main area, in twips.
+constexpr int kPageHeightTw = 8400;
+constexpr int kPageWidthCapTw = 12240;
+constexpr int kLeftColumnWidthTw = 2595;
+
+QImage ResourceImage(const QString &name) { return QImage(QStringLiteral(":/images/") + name); }
+
+QLabel *NewLabel(QWidget *parent, const QString &text, const QRect &geometry)
 {
+    auto *label = new QLabel(text, parent);
+    label->setGeometry(geometry);
+    label->setWordWrap(true);
+    return label;
+}
+
+} // namespace
+
+QByteArray ResourceBytes(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QString Tag(const QObject *control) { return control ? control->property("Tag").toString() : QString(); }
+
+void SetTag(QObject *control, const QString &tag)
+{
+    if (control)
+        control->setProperty("Tag", tag);
+}
+
+MainFrm::MainFrm(QWidget *parent, bool manualTimers) : QMainWindow(parent)
+{
+    m_timers.setManual(manualTimers);
     setWindowTitle(QStringLiteral("Zorvane Reaction Times"));
-    resize(785, 656);
+    m_client = new QWidget(this);
+    m_client->installEventFilter(this);
+    setCentralWidget(m_client);
+    m_timers.setCallback([this](int id) { guarded([this, id] { TestTimerProc(id); }); });
+    m_sleep = [](int ms) { QThread::msleep(static_cast<unsigned long>(ms)); };
+    m_character1 = ResourceBytes(QStringLiteral(":/gif/character1.gif"));
+    m_character2 = ResourceBytes(QStringLiteral(":/gif/character2.gif"));
+    Form_Load();
+}
+
+MainFrm::~MainFrm() { Stop_All_Timers(); }
+
+void MainFrm::guarded(const std::function<void()> &handler)
+{
+    try {
+        handler();
+    } catch (const zrt::RunTimeError &error) {
+        MsgBox(this, QString::fromStdString(error.message()), vbCritical, windowTitle());
+    }
+}
+
+// ---------------------------------------------------------------- load
+
+void MainFrm::Form_Load()
+{
+    // The window can't be made smaller than the layout needs; its largest size is the screen's.
+    m_client->setMinimumSize(785, 656);
+    RunStopwatch = mStopWatch::SwNew();
+
+    buildToolbarStrip();
+    buildLeftColumn();
+    buildRecordPage();
+    buildAudioStage();
+    buildAnalysisPages();
+
+    averages.cl3->setListIndex(0);
+    // The two settings lists: 1..5 characters, 4..10 attempts.
+    List1->setListIndex(2);
+    List2->setListIndex(0);
+
+    buildToolbar();
+    Ptoolbar->setFixedHeight(ThemedToolbar1->height());
+    for (auto *page : p4)
+        page->setBackColor(MainMod1::PanelColour);
+    cl1->setBackStyle(1);
+    cl5->setBackStyle(1);
+    arange_data_lists();
+    cmdRemove->raise();
+    P2->setBackColor(MainMod1::PanelColour);
+    {
+        QPalette palette = Label2->palette();
+        palette.setColor(QPalette::WindowText, MainMod1::GradientDarkColour);
+        Label2->setPalette(palette);
+    }
+    resize(tw(11775) + 16, tw(9255) + 24);
+    Form_Resize();
+    m_timers.SetTimer(TimerIdlePeek, 2500);
+}
+
+void MainFrm::buildToolbarStrip()
+{
+    Ptoolbar = new PagePanel(m_client);
+    Ptoolbar->setGeometry(0, 0, tw(11775), tw(690));
+    // The strip's gradient runs from its top edge to its bottom edge.
+    Ptoolbar->setGradient(MainMod1::GradientLightColour, MainMod1::GradientDarkColour,
+                          zrt::GradientDirection::TopToBottom);
+}
+
+void MainFrm::buildToolbar()
+{
+    ThemedToolbar1 = new ThemedToolbar(Ptoolbar);
+    const QImage strip = ResourceImage(QStringLiteral("toolbar.png"));
+    struct Item {
+        const char *key, *tip;
+        int cell;
+        int kind; // 0 push, 1 check, 2 separator
+    };
+    static const Item items[] = {
+        {"Open", "Open Data File.", 1, 0},
+        {"Clear", "New Data File (clear data)", 2, 0},
+        {"Save", "Save Data File", 3, 0},
+        {"", "", 0, 2},
+        {"Record", "Record Zorvane reaction times", 4, 1},
+        {"", "", 0, 2},
+        {"Averages", "Averages and Ranges", 5, 1},
+        {"Groups", "Grouped Data", 6, 1},
+        {"Compare", "Compare visual and audio", 7, 1},
+    };
+    for (const Item &item : items) {
+        QImage icon;
+        if (item.cell > 0 && !strip.isNull())
+            icon = strip.copy((item.cell - 1) * 32, 0, 32, 32);
+        ThemedToolbar1->AddButton(QString(), item.kind, QString::fromLatin1(item.key),
+                                  QString::fromLatin1(item.tip), icon);
+    }
+    ThemedToolbar1->setBtnValue(5, true);
+    ThemedToolbar1->setThemeColor(3);
+    ThemedToolbar1->setVisible(true);
+    ThemedToolbar1->setFixedHeight(32);
+    for (int i : {7, 8, 9})
+        ThemedToolbar1->setBtnEnabled(i, false);
+    ThemedToolbar1->move(0, 0);
+    connect(ThemedToolbar1, &ThemedToolbar::ButtonClick, this,
+            [this](const QString &key) { guarded([this, key] { ToolbarButtonClick(key); }); });
+    connect(ThemedToolbar1, &ThemedToolbar::MenuClick, this, [this] { emit AboutRequested(); });
+}
+
+void MainFrm::buildLeftColumn()
+{
+    P2 = new PagePanel(m_client);
+    P2->setGeometry(0, tw(690), tw(kLeftColumnWidthTw), tw(8565));
+    Label4 = NewLabel(P2, QStringLiteral("Averaged Reation times"), QRect(8, 6, 160, 18));
+    QFont bold = Label4->font();
+    bold.setBold(true);
+    Label4->setFont(bold);
+    Label5 = NewLabel(P2, QStringLiteral("Data Collected:"), QRect(8, 26, 160, 18));
+    cmdRemove = new GlossButton(P2);
+    cmdRemove->setCaption(QStringLiteral("Remove Selected Result"));
+    cmdRemove->setGeometry(6, 48, 160, 28);
+    connect(cmdRemove, &GlossButton::Click, this, [this] { guarded([this] { cmdRemove_Click(); }); });
+
+    piclbl = new PagePanel(P2);
+    piclbl->setGeometry(0, 84, P2->width(), 24);
+    piclbl->setBackColor(MainMod1::HeaderColour);
+    cl2 = new RowList(P2);
+    CL4 = new RowList(P2);
+    cl2->move(0, piclbl->y() + piclbl->height());
+    CL4->move(CL4->x(), cl2->y());
+    for (int i = 0; i < 2; ++i) {
+        Check5[i] = new Check(piclbl);
+        Check5[i]->setCaption(i == 0 ? QStringLiteral("Visual Data") : QStringLiteral("Audio Data"));
+        Check5[i]->setBackColor(MainMod1::HeaderColour);
+        Check5[i]->setForeColor(QColor(Qt::white));
+        Check5[i]->resize(82, 18);
+        connect(Check5[i], &Check::Click, this, [this, i] { guarded([this, i] { Check5_Click(i); }); });
+    }
+    Check5[0]->move(1, (piclbl->height() - Check5[0]->height()) / 2);
+    Check5[0]->setValue(1);
+    Check5[1]->move(CL4->x() + 1, Check5[0]->y());
+
+    // Selection in step: a press or release in one list selects the same row in the other.
+    auto follow = [this](RowList *from, RowList *to, bool onlyWhenVisible) {
+        if (onlyWhenVisible && !to->isVisible())
+            return;
+        to->setListIndex(from->ListIndex());
+    };
+    connect(cl2, &RowList::MouseDown, this, [=] { follow(cl2, CL4, true); });
+    connect(cl2, &RowList::MouseUp, this, [=] { follow(cl2, CL4, true); });
+    connect(CL4, &RowList::MouseDown, this, [=] { follow(CL4, cl2, false); });
+    connect(CL4, &RowList::MouseUp, this, [=] { follow(CL4, cl2, false); });
+    connect(P2, &PagePanel::Resize, this, [this] { guarded([this] { arange_data_lists(); }); });
+}
+
+void MainFrm::buildRecordPage()
+{
+    P3 = new PagePanel(m_client);
+    P3->setGeometry(tw(2835), tw(1020), tw(kPageWidthCapTw), tw(kPageHeightTw));
+    P3->setBackColor(QColor(236, 240, 226));
+    P3->setPicture(ResourceImage(QStringLiteral("record_stage.png")));
+
+    IMmsg = new QLabel(P3);
+    IMmsg->setPixmap(QPixmap::fromImage(ResourceImage(QStringLiteral("start_invitation.png"))));
+    IMmsg->resize(225, 178);
+
+    command1 = new GlossButton(P3);
+    command1->setCaption(QStringLiteral("Start"));
+    command1->setGeometry(0, 400, 110, 30);
+    connect(command1, &GlossButton::Click, this, [this] { guarded([this] { command1_Click(); }); });
+    Label3 = NewLabel(P3, QStringLiteral("Average Reaction time"), QRect(0, 434, 300, 38));
+    Label3->setAlignment(Qt::AlignCenter);
+    Label3->hide();
+    for (int i = 0; i < 2; ++i) {
+        GlossButton1[i] = new GlossButton(P3);
+        GlossButton1[i]->setCaption(i == 0 ? QStringLiteral("Add Result") : QStringLiteral("Cancel"));
+        GlossButton1[i]->setGeometry(0, 478, 110, 30);
+        GlossButton1[i]->hide();
+        connect(GlossButton1[i], &GlossButton::Click, this,
+                [this, i] { guarded([this, i] { GlossButton1_Click(i); }); });
+    }
+    Label2 = NewLabel(P3, QStringLiteral("Reaction Times:"), QRect(8, 400, 150, 18));
+    cl1 = new RowList(P3);
+    cl1->setGeometry(8, 420, 160, tw(1710));
+    buildSettingsPanel();
+    connect(P3, &PagePanel::Resize, this, [this] { guarded([this] { P3_Resize(); }); });
+}
+
+void MainFrm::buildSettingsPanel()
+{
+    pSettings = new PagePanel(P3);
+    pSettings->setBackColor(QColor(236, 240, 226));
+    pSettings->setGeometry(0, 398, 262, 160);
+    Label1[0] = NewLabel(pSettings, QStringLiteral("Number of Zorvanes:"), QRect(4, 2, 128, 18));
+    Label1[1] = NewLabel(pSettings, QStringLiteral("Number of attempts:"), QRect(136, 2, 124, 18));
+
+    dd1 = new DropPanel(pSettings);
+    dd1->setGeometry(4, 20, 120, 22);
+    List1 = new RowList(dd1);
+    for (int i = 1; i <= 5; ++i)
+        List1->AddItem(QString::number(i));
+    DD2 = new DropPanel(pSettings);
+    DD2->setGeometry(136, 20, 120, 22);
+    List2 = new RowList(DD2);
+    for (int i = 4; i <= 10; ++i)
+        List2->AddItem(QString::number(i));
+    for (auto [panel, list] : {std::pair{dd1, List1}, std::pair{DD2, List2}}) {
+        list->setGeometry(0, panel->TitleHeight(), panel->width(), list->ListCount() * 16 + 4);
+        panel->setExpandedHeight(list->height() + panel->TitleHeight());
+    }
+    connect(List1, &RowList::Click, this, [this] { guarded([this] { List1_Click(); }); });
+    connect(List2, &RowList::Click, this, [this] { guarded([this] { List2_Click(); }); });
+
+    Check4 = new Check(pSettings);
+    Check4->setCaption(QStringLiteral("Compare visual && audio"));
+    Check4->setGeometry(4, 50, 220, 20);
+    Check4->setValue(1);
+    connect(Check4, &Check::Click, this, [this] { guarded([this] { Check4_Click(); }); });
+}
+
+void MainFrm::buildAudioStage()
+{
+    P5 = new PagePanel(m_client);
+    P5->setGeometry(P3->geometry());
+    P5->setBackColor(QColor(236, 240, 226));
+    P5->setPicture(ResourceImage(QStringLiteral("audio_stage.png")));
+    P5->hide();
+
+    ucgif = new ucGifPlayer(P5);
+    ucgif->LoadAnimatedGIF_Array(ResourceBytes(QStringLiteral(":/gif/audio_target.gif")));
+    ucgif->setGeometry(0, 0, 110, 394);
+    connect(ucgif, &ucGifPlayer::MouseDown, this, [this] { guarded([this] { ucgif_MouseDown(); }); });
+    ucGifPlayer2 = new ucGifPlayer(P5);
+    ucGifPlayer2->LoadAnimatedGIF_Array(ResourceBytes(QStringLiteral(":/gif/walker.gif")));
+    ucGifPlayer2->setGeometry(P5->width(), 220, 179, 174);
+
+    IMmsg1 = new QLabel(P5);
+    IMmsg1->setPixmap(QPixmap::fromImage(ResourceImage(QStringLiteral("audio_invitation.png"))));
+    IMmsg1->resize(218, 183);
+
+    cmdStartAudio = new GlossButton(P5);
+    cmdStartAudio->setCaption(QStringLiteral("Start"));
+    cmdStartAudio->setGeometry(0, 400, 110, 30);
+    connect(cmdStartAudio, &GlossButton::Click, this, [this] { guarded([this] { cmdStartAudio_Click(); }); });
+    l9 = NewLabel(P5, QString(), QRect(0, 434, 380, 52));
+    l9->setAlignment(Qt::AlignCenter);
+    l9->hide();
+    for (int i = 0; i < 2; ++i) {
+        cmdadd[i] = new GlossButton(P5);
+        cmdadd[i]->setCaption(i == 0 ? QStringLiteral("Add Result") : QStringLiteral("Cancel"));
+        cmdadd[i]->setGeometry(0, 490, 110, 30);
+        cmdadd[i]->hide();
+        connect(cmdadd[i], &GlossButton::Click, this, [this, i] { guarded([this, i] { cmdadd_Click(i); }); });
+    }
+    Label10 = NewLabel(P5, QStringLiteral("Reaction Times:"), QRect(8, 400, 150, 18));
+    cl5 = new RowList(P5);
+    cl5->setGeometry(8, 420, 160, tw(1710));
+
+    Timer1 = new QTimer(this);
+    Timer1->setInterval(1);
+    connect(Timer1, &QTimer::timeout, this, [this] { guarded([this] { Timer1_Timer(); }); });
+    connect(P5, &PagePanel::Resize, this, [this] { guarded([this] { P5_Resize(); }); });
+}
+
+// ---------------------------------------------------------------- resize rules
+
+void MainFrm::resizeEvent(QResizeEvent *event)
+{
+    QMainWindow::resizeEvent(event);
+    if (!isMinimized() && P3)
+        guarded([this] { Form_Resize(); });
+}
+
+void MainFrm::Form_Resize()
+{
+    const int innerWidth = m_client->width();
+    const int innerHeight = m_client->height();
+    Ptoolbar->setGeometry(0, 0, innerWidth, Ptoolbar->height());
+    P2->setGeometry(0, Ptoolbar->height(), P2->width(), innerHeight - Ptoolbar->height());
+    for (PagePanel *page : {P3, P5}) {
+        const int top = Ptoolbar->height() + (innerHeight - page->height() - Ptoolbar->height()) / 2;
+        const int w = innerWidth - P2->width() - tw(690);
+        const int width = std::max(0, std::min(w, tw(kPageWidthCapTw)));
+        const int left = P2->width() + (innerWidth - width - P2->width()) / 2;
+        page->setGeometry(left, top, width, page->height());
+    }
+    for (auto *page : p4)
+        if (page)
+            page->setGeometry(P3->geometry());
+}
+
+void MainFrm::P3_Resize()
+{
+    const int inner = P3->width();
+    pSettings->move(inner - pSettings->width() - Label2->x(), pSettings->y());
+    command1->move((inner - command1->width()) / 2, command1->y());
+    Label3->move((inner - Label3->width()) / 2, Label3->y());
+    GlossButton1[0]->move(command1->x() - GlossButton1[0]->width() / 2 - 1, GlossButton1[0]->y());
+    GlossButton1[1]->move(GlossButton1[0]->x() + GlossButton1[0]->width() + tw(30), GlossButton1[1]->y());
+    BuildCharacterRow();
+}
+
+void MainFrm::P5_Resize()
+{
+    const int width = P5->width();
+    ucgif->move((width - ucgif->width()) / 2, ucgif->y());
+    if (IMmsg1->isVisible())
+        IMmsg1->move(ucgif->x() + ucgif->width() / 2, 0);
+    ucGifPlayer2->move(width, ucGifPlayer2->y());
+    cmdStartAudio->move((width - cmdStartAudio->width()) / 2, cmdStartAudio->y());
+    l9->move((width - l9->width()) / 2, l9->y());
+    cmdadd[0]->move((width - cmdadd[0]->width()) / 2, cmdadd[0]->y());
+    cmdadd[1]->move(width - cmdadd[1]->width() - tw(60), cmdadd[1]->y());
+}
+
+bool MainFrm::eventFilter(QObject *watched, QEvent *event)
+{
+    // The client area's ground: a gradient from white down to a dark grey.
+    if (watched == m_client && event->type() == QEvent::Paint) {
+        QPainter painter(m_client);
+        paintClientGradient(painter);
+        return true;
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void MainFrm::paintClientGradient(QPainter &painter)
+{
+    zrt::DrawGradient(painter, m_client->rect(), QColor(Qt::white), QColor(50, 50, 50),
+                      zrt::GradientDirection::TopToBottom);
+}
+
+// ---------------------------------------------------------------- toolbar and pages
+
+bool MainFrm::pageButton(int index) const { return ThemedToolbar1->BtnValue(index); }
+
+int MainFrm::visiblePage() const
+{
+    for (int i = 0; i < 3; ++i)
+        if (p4[i] && p4[i]->isVisible())
+            return i;
+    return -1;
+}
+
+void MainFrm::ToolbarButtonClick(const QString &key)
+{
+    if (key == QLatin1String("Open")) {
+        Open_Data();
+        Refresh_Data();
+    } else if (key == QLatin1String("Clear")) {
+        Reset_tags();
+        Clear_Data();
+        Refresh_Data();
+    } else if (key == QLatin1String("Save")) {
+        Save_Data();
+    } else if (key == QLatin1String("Record")) {
+        m_timers.SetTimer(TimerIdlePeek, 2500);
+        ThemedToolbar1->setBtnValue(5, true);
+        P3->show();
+        for (auto *page : p4)
+            page->hide();
+        for (int i : {7, 8, 9})
+            ThemedToolbar1->setBtnValue(i, false);
+    } else {
+        const int page = key == QLatin1String("Averages") ? 0 : key == QLatin1String("Groups") ? 1 : 2;
+        if (key != QLatin1String("Averages") && key != QLatin1String("Groups") && key != QLatin1String("Compare"))
+            return;
+        Stop_All_Timers();
+        const int button = 7 + page;
+        if (ThemedToolbar1->BtnValue(button)) {
+            ShowAnalysisPage(page);
+            for (int i : {5, 7, 8, 9})
+                if (i != button)
+                    ThemedToolbar1->setBtnValue(i, false);
+            P3->hide();
+            for (int i = 0; i < 3; ++i)
+                p4[i]->setVisible(i == page);
+        } else {
+            // A second press on the page's own button goes back to Record, without the idle play.
+            for (auto *p : p4)
+                p->hide();
+            P3->show();
+            ThemedToolbar1->setBtnValue(5, true);
+        }
+    }
+}
+
+void MainFrm::Stop_All_Timers()
+{
+    if (Timer1)
+        Timer1->stop();
+    for (int id : {TimerVisualPop, TimerIdlePeek, TimerAudioCue, TimerAudioIdle, TimerWalker})
+        m_timers.KillTimer(id);
+}
+
+void MainFrm::SetDataCount()
+{
+    const QString text = QStringLiteral("Data Collected: (") + QString::number(cl2->ListCount()) + ")";
+    if (Label5->text() != text) {
+        Label5->setText(text);
+        Label5_Change();
+    }
+}
+
+void MainFrm::Label5_Change()
+{
+    const bool enough = cl2->ListCount() > 5;
+    for (int i : {7, 8, 9})
+        ThemedToolbar1->setBtnEnabled(i, enough);
+    for (auto *page : p4)
+        page->hide();
+    P3->show();
+    ThemedToolbar1->setBtnValue(5, true);
+}
+
+void MainFrm::Refresh_Data()
+{
+    if (pageButton(7)) {
+        Reset_tags();
+        RefreshAveragesPage();
+    }
+    if (pageButton(8))
+        RefreshGroupsPage();
+}
+
+void MainFrm::TestTimerProc(int timerId)
+{
+    // Every test timer is one-shot: the one that fired is killed before anything else.
+    m_timers.KillTimer(timerId);
+    switch (timerId) {
+    case TimerVisualPop: VisualPop(); break;
+    case TimerIdlePeek: IdlePeek(); break;
+    case TimerAudioCue: AudioCue(); break;
+    case TimerAudioIdle: AudioIdle(); break;
+    case TimerWalker: Timer1->start(); break;
+    default: break;
+    }
+}
+
+void MainFrm::closeEvent(QCloseEvent *event)
+{
+    // Closing asks nothing: unsaved data are lost without a word.
+    for (int id : {TimerVisualPop, TimerIdlePeek, TimerAudioIdle, TimerWalker, TimerAudioCue})
+        m_timers.KillTimer(id);
+    Timer1->stop();
+    SoundBas::SoundPlayer::instance().StopSound();
+    event->accept();
+}
+
+void MainFrm::pump() { QCoreApplication::processEvents(); }
+
+void MainFrm::sleepFor(int ms)
+{
+    pump();
+    m_sleep(ms);
 }

@@ -1,0 +1,156 @@
+// Times what a pupil's reaction depends on: from the stopwatch's start to the risen frame on
+// screen, from a mouse press entering the queue to the stopwatch's reading, the cue's stop, and
+// the start-up to the main window's first paint against a bare window.
+
+#include "app/MainFrm.h"
+#include "app/MainMod1.h"
+#include "app/MsgBox.h"
+#include "anim/ucGifPlayer.h"
+#include "controls/Check.h"
+#include "reaction/SoundBas.h"
+#include "reaction/mStopWatch.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <vector>
+
+namespace {
+
+std::int64_t g_lastRead = 0;
+std::int64_t RecordingCounter()
+{
+    g_lastRead = std::chrono::duration_cast<std::chrono::nanoseconds>(
+                     std::chrono::steady_clock::now().time_since_epoch())
+                     .count();
+    return g_lastRead;
+}
+std::int64_t Now() { return RecordingCounter(); }
+
+void Report(const char *what, std::vector<double> us)
+{
+    std::sort(us.begin(), us.end());
+    const double median = us[us.size() / 2];
+    const double p99 = us[std::min(us.size() - 1, us.size() * 99 / 100)];
+    std::printf("%-34s median %8.1f us   p99 %8.1f us   (n = %zu)\n", what, median, p99, us.size());
+}
+
+class PaintProbe : public QWidget {
+public:
+    bool painted = false;
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter(this).fillRect(rect(), Qt::white);
+        painted = true;
+    }
+};
+
+double MillisecondsToFirstPaint(const std::function<QWidget *()> &make, const std::function<bool()> &painted)
+{
+    const auto start = std::chrono::steady_clock::now();
+    QWidget *w = make();
+    w->show();
+    while (!painted())
+        QCoreApplication::processEvents();
+    const double ms = std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+    delete w;
+    return ms;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QApplication app(argc, argv);
+    MainMod1::InitColours();
+    MainMod1::Sounds.SoundDisabled = true;
+    SetMsgBoxHook([](const QString &, int, const QString &) { return vbOK; });
+    mStopWatch::SwSetCounter(&RecordingCounter, 1'000'000'000);
+
+    const int pops = argc > 1 ? std::atoi(argv[1]) : 1000;
+    MainFrm window(nullptr, true);
+    window.resize(1000, 700);
+    window.show();
+    QCoreApplication::processEvents();
+    window.Check4->setValue(0);
+    window.Check4_Click();
+
+    std::vector<double> stimulus, response;
+    for (int i = 0; i < pops; ++i) {
+        if (window.AttemptCount == 0 || !window.timers().isArmed(TimerVisualPop)) {
+            window.VisualAverage = 0;
+            window.command1_Click();
+        }
+        window.chance().script({0.0f});
+        window.timers().fire(TimerVisualPop);
+        // The pop returns once the risen frame is painted; SwElapsed now is that whole path.
+        stimulus.push_back(static_cast<double>(mStopWatch::SwElapsed(window.RunStopwatch)) * 1e6);
+
+        ucGifPlayer *risen = window.ucGifPlayer1[0];
+        for (auto *c : window.ucGifPlayer1)
+            if (Tag(c) == QLatin1String("1"))
+                risen = c;
+        const std::int64_t posted = Now();
+        QCoreApplication::postEvent(risen, new QMouseEvent(QEvent::MouseButtonPress, QPointF(50, 200),
+                                                           risen->mapToGlobal(QPointF(50, 200)), Qt::LeftButton,
+                                                           Qt::LeftButton, Qt::NoModifier));
+        QCoreApplication::processEvents();
+        response.push_back(static_cast<double>(g_lastRead - posted) / 1000.0);
+    }
+    Report("stimulus (SwStart to painted frame)", stimulus);
+    Report("response (press queued to SwElapsed)", response);
+
+    auto &player = SoundBas::SoundPlayer::instance();
+    const QByteArray cue = MainMod1::BuiltInSound(2);
+    std::vector<double> stops;
+    qint64 discarded = 0;
+    for (int i = 0; i < 50; ++i) {
+        player.PlaySound(cue, SoundBas::SND_ASYNC | SoundBas::SND_MEMORY | SoundBas::SND_LOOP);
+        QCoreApplication::processEvents();
+        const auto t0 = std::chrono::steady_clock::now();
+        player.StopSound();
+        stops.push_back(std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - t0).count());
+        discarded = std::max(discarded, player.lastDiscardedBytes());
+    }
+    Report("cue stop call", stops);
+    std::printf("cue stop: audio output %s, at most %lld bytes discarded (buffer %d ms)\n",
+                player.hasOutput() ? "present" : "absent", static_cast<long long>(discarded),
+                player.bufferMilliseconds());
+
+    std::vector<double> bare, full;
+    for (int i = 0; i < 5; ++i) {
+        PaintProbe *probe = nullptr;
+        bare.push_back(MillisecondsToFirstPaint([&] { return probe = new PaintProbe; }, [&] { return probe->painted; }));
+        bool painted = false;
+        full.push_back(MillisecondsToFirstPaint(
+            [&] {
+                auto *w = new MainFrm(nullptr, true);
+                painted = false;
+                // The first paint of the window's client area ends the measurement.
+                struct Spy : QObject {
+                    bool *flag;
+                    explicit Spy(bool *f) : flag(f) {}
+                    bool eventFilter(QObject *, QEvent *e) override
+                    {
+                        if (e->type() == QEvent::Paint)
+                            *flag = true;
+                        return false;
+                    }
+                };
+                w->centralWidget()->installEventFilter(new Spy(&painted));
+                return w;
+            },
+            [&] { return painted; }));
+    }
+    std::sort(bare.begin(), bare.end());
+    std::sort(full.begin(), full.end());
+    std::printf("start-up to first paint: main window %.1f ms, bare window %.1f ms, ratio %.1f\n", full[2], bare[2],
+                full[2] / bare[2]);
+    return 0;
+}

@@ -1,0 +1,263 @@
+// The main window through its real controls and event loop, with timers fired by hand, chance
+// scripted and the stopwatch's counter faked: whole runs, the data lists and the page buttons.
+
+#include "app/MainFrm.h"
+#include "app/MainMod1.h"
+#include "app/MsgBox.h"
+#include "app/PagePanel.h"
+#include "anim/ucGifPlayer.h"
+#include "controls/Check.h"
+#include "controls/DropPanel.h"
+#include "controls/GlossButton.h"
+#include "controls/RowList.h"
+#include "reaction/SoundBas.h"
+#include "reaction/mStopWatch.h"
+#include "toolbar/ThemedToolbar.h"
+
+#include <QLabel>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include <cstdint>
+
+namespace {
+
+std::int64_t g_counter = 0;
+std::int64_t FakeCounter() { return g_counter; }
+
+struct Said {
+    QString text, caption;
+    int style = 0;
+};
+
+class MainWindowTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        mStopWatch::SwReset();
+        mStopWatch::SwSetCounter(&FakeCounter, 1000); // one count is a millisecond
+        g_counter = 0;
+        said.clear();
+        SetMsgBoxHook([this](const QString &text, int style, const QString &caption) {
+            said.push_back({text, caption, style});
+            return answer;
+        });
+        MainMod1::Sounds.SoundDisabled = true;
+        window = std::make_unique<MainFrm>(nullptr, true);
+        window->resize(1000, 700);
+        window->show();
+        QCoreApplication::processEvents();
+    }
+    void TearDown() override
+    {
+        window.reset();
+        SetMsgBoxHook({});
+        mStopWatch::SwSetCounter(nullptr);
+    }
+
+    // Pops the character the script chooses and presses it after `ms` milliseconds.
+    void PopAndPress(int ms, float choice = 0.0f)
+    {
+        window->chance().script({choice});
+        ASSERT_TRUE(window->timers().fire(TimerVisualPop));
+        ucGifPlayer *risen = nullptr;
+        for (auto *c : window->ucGifPlayer1)
+            if (Tag(c) == "1")
+                risen = c;
+        ASSERT_NE(risen, nullptr);
+        g_counter += ms;
+        QTest::mousePress(risen, Qt::LeftButton, Qt::NoModifier, QPoint(50, 200));
+    }
+
+    void VisualRun(std::initializer_list<int> times)
+    {
+        QTest::mouseClick(window->command1, Qt::LeftButton);
+        for (int ms : times)
+            PopAndPress(ms);
+    }
+
+    void UncheckPairs()
+    {
+        window->Check4->setValue(0);
+        window->Check4_Click();
+    }
+
+    std::unique_ptr<MainFrm> window;
+    std::vector<Said> said;
+    int answer = vbOK;
+};
+
+QStringList Items(RowList *list)
+{
+    QStringList items;
+    for (int i = 0; i < list->ListCount(); ++i)
+        items << list->ItemText(i);
+    return items;
+}
+
+} // namespace
+
+TEST_F(MainWindowTest, StartsWithThreeCharactersFourAttemptsAndPairsOn)
+{
+    EXPECT_EQ(window->windowTitle(), "Zorvane Reaction Times");
+    EXPECT_EQ(window->ucGifPlayer1.size(), 3u);
+    EXPECT_EQ(window->dd1->Title(), "3");
+    EXPECT_EQ(window->DD2->Title(), "4");
+    EXPECT_EQ(window->Check4->Value(), 1);
+    EXPECT_TRUE(window->ThemedToolbar1->BtnValue(5));
+    for (int i : {7, 8, 9})
+        EXPECT_FALSE(window->ThemedToolbar1->BtnEnabled(i));
+    EXPECT_TRUE(window->timers().isArmed(TimerIdlePeek));
+    EXPECT_EQ(window->timers().interval(TimerIdlePeek), 2500);
+    EXPECT_FALSE(window->GlossButton1[0]->isVisible());
+
+    // The main area stays centred beside the left column and never grows beyond 12240 twips.
+    window->resize(1600, 900);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window->P3->width(), 816);
+    const int free = window->centralWidget()->width() - window->P2->width();
+    EXPECT_NEAR(window->P3->x() - window->P2->width(), (free - 816) / 2, 1);
+    EXPECT_GE(window->centralWidget()->minimumWidth(), 785);
+    EXPECT_GE(window->centralWidget()->minimumHeight(), 656);
+}
+
+TEST_F(MainWindowTest, AVisualRunOfFourAttemptsGivesItsLinesAndMean)
+{
+    UncheckPairs();
+    VisualRun({250, 300, 350, 400});
+    EXPECT_EQ(Items(window->cl1), (QStringList{"1)    0.25", "2)    0.3", "3)    0.35", "4)    0.4"}));
+    EXPECT_EQ(window->Label3->text(), "Average Reaction time 0.325 seconds");
+    EXPECT_TRUE(window->GlossButton1[0]->isVisible());
+    EXPECT_TRUE(window->GlossButton1[0]->isEnabled());
+    EXPECT_TRUE(window->command1->isEnabled());
+    EXPECT_FALSE(window->pSettings->isEnabled());
+    EXPECT_FALSE(window->timers().isArmed(TimerVisualPop));
+
+    QTest::mouseClick(window->GlossButton1[0], Qt::LeftButton);
+    EXPECT_EQ(Items(window->cl2), QStringList{"0.325"});
+    EXPECT_EQ(window->Label5->text(), "Data Collected: (1)");
+    EXPECT_FALSE(window->GlossButton1[0]->isVisible());
+    EXPECT_FALSE(window->pSettings->isEnabled()) << "settings stay locked while data are collected";
+}
+
+TEST_F(MainWindowTest, ASlowRunLeavesOnlyCancelAndASecondStartSumsOntoTheOldMean)
+{
+    UncheckPairs();
+    VisualRun({2000, 2000, 2000, 2000});
+    EXPECT_EQ(window->Label3->text(), "Average Reaction time 2 seconds\nFar too slow please try again!");
+    EXPECT_FALSE(window->GlossButton1[0]->isEnabled());
+    EXPECT_FALSE(window->command1->isEnabled());
+    EXPECT_TRUE(window->GlossButton1[1]->isEnabled());
+
+    QTest::mouseClick(window->GlossButton1[1], Qt::LeftButton);
+    EXPECT_EQ(window->cl2->ListCount(), 0);
+    EXPECT_TRUE(window->pSettings->isEnabled()) << "a Cancel with nothing collected unlocks";
+
+    // Finished, then Start again without Add: the old mean is summed in (0.4 + 4 x 0.4) / 4.
+    VisualRun({400, 400, 400, 400});
+    VisualRun({400, 400, 400, 400});
+    EXPECT_EQ(window->Label3->text(), "Average Reaction time 0.5 seconds");
+}
+
+TEST_F(MainWindowTest, OneCharacterFalseStartRestartsTheWait)
+{
+    UncheckPairs();
+    window->List1->setListIndex(0);
+    ASSERT_EQ(window->ucGifPlayer1.size(), 1u);
+    QTest::mouseClick(window->command1, Qt::LeftButton);
+    window->chance().script({0.9f}); // the new delay: whole part of 0.9 * 5 + 1 = 5 s
+    QTest::mousePress(window->ucGifPlayer1[0], Qt::LeftButton, Qt::NoModifier, QPoint(50, 200));
+    EXPECT_EQ(window->AttemptCount, 0);
+    EXPECT_EQ(window->timers().interval(TimerVisualPop), 5000);
+    EXPECT_EQ(window->cl1->ListCount(), 0);
+}
+
+TEST_F(MainWindowTest, APairedRunWithTheWalkerAddsBothMeansAtOneIndex)
+{
+    window->setSleep([](int) {});
+    VisualRun({300, 300, 300, 300});
+    ASSERT_TRUE(window->P5->isVisible());
+    EXPECT_EQ(window->l9->text(), "Average reaction time \nVisual: 0.3 seconds");
+    EXPECT_TRUE(window->timers().isArmed(TimerWalker));
+    EXPECT_FALSE(window->timers().isArmed(TimerIdlePeek));
+
+    QTest::mouseClick(window->cmdStartAudio, Qt::LeftButton);
+    EXPECT_FALSE(window->cmdStartAudio->isEnabled());
+
+    // The walker sets off; a cue due while it walks is put off without a sound.
+    auto &player = SoundBas::SoundPlayer::instance();
+    player.setRecording(true);
+    player.clearHistory();
+    window->timers().fire(TimerWalker);
+    window->Timer1->stop();
+    window->Timer1_Timer();
+    EXPECT_TRUE(window->WalkerBusy);
+    window->chance().script({0.0f});
+    window->timers().fire(TimerAudioCue);
+    EXPECT_EQ(window->timers().interval(TimerAudioCue), 1000);
+    EXPECT_NE(Tag(window->ucgif), "1");
+    int ticks = 0;
+    while (window->WalkerBusy && ticks++ < 2000) {
+        window->Timer1->stop();
+        window->Timer1_Timer();
+    }
+    EXPECT_FALSE(window->WalkerBusy) << "the walk ends, back off stage";
+    EXPECT_EQ(window->ucGifPlayer2->x(), window->P5->width());
+
+    for (int ms : {500, 500, 600, 600}) {
+        window->timers().fire(TimerAudioCue);
+        ASSERT_EQ(Tag(window->ucgif), "1");
+        g_counter += ms;
+        QTest::mousePress(window->ucgif, Qt::LeftButton, Qt::NoModifier, QPoint(50, 200));
+    }
+    EXPECT_EQ(Items(window->cl5), (QStringList{"1)    0.5", "2)    0.5", "3)    0.6", "4)    0.6"}));
+    EXPECT_EQ(window->l9->text(), "Average reaction time \nVisual: 0.3 seconds\nAudio: 0.55 seconds");
+    EXPECT_TRUE(window->cmdadd[0]->isEnabled());
+    player.setRecording(false);
+
+    QTest::mouseClick(window->cmdadd[0], Qt::LeftButton);
+    EXPECT_EQ(Items(window->cl2), QStringList{"0.3"});
+    EXPECT_EQ(Items(window->CL4), QStringList{"0.55"});
+    EXPECT_FALSE(window->P5->isVisible());
+    EXPECT_TRUE(window->timers().isArmed(TimerIdlePeek));
+}
+
+TEST_F(MainWindowTest, SixResultsOpenTheAnalysisAndRemoveNeedsASelection)
+{
+    UncheckPairs();
+    for (int run = 0; run < 6; ++run) {
+        VisualRun({300 + run * 10, 300, 300, 300});
+        QTest::mouseClick(window->GlossButton1[0], Qt::LeftButton);
+        const bool open = run >= 5;
+        for (int i : {7, 8, 9})
+            EXPECT_EQ(window->ThemedToolbar1->BtnEnabled(i), open) << "after result " << run + 1;
+    }
+    window->cl2->setListIndex(-1);
+    QTest::mouseClick(window->cmdRemove, Qt::LeftButton);
+    ASSERT_EQ(said.size(), 1u);
+    EXPECT_EQ(said[0].text, "Please select an averaged reaction time to remove!");
+    EXPECT_EQ(said[0].caption, "No Time Selected");
+
+    window->cl2->setListIndex(0);
+    QTest::mouseClick(window->cmdRemove, Qt::LeftButton);
+    EXPECT_EQ(window->cl2->ListCount(), 5);
+    EXPECT_FALSE(window->ThemedToolbar1->BtnEnabled(7));
+
+    // Clear: nothing asked, one character and 4 attempts, settings open again.
+    window->ToolbarButtonClick("Clear");
+    EXPECT_EQ(window->cl2->ListCount(), 0);
+    EXPECT_EQ(window->ucGifPlayer1.size(), 1u);
+    EXPECT_EQ(window->DD2->Title(), "4");
+    EXPECT_TRUE(window->pSettings->isEnabled());
+}
+
+TEST_F(MainWindowTest, APageButtonStopsTheRunsTimers)
+{
+    UncheckPairs();
+    QTest::mouseClick(window->command1, Qt::LeftButton);
+    ASSERT_TRUE(window->timers().isArmed(TimerVisualPop));
+    window->ToolbarButtonClick("Averages");
+    EXPECT_FALSE(window->timers().isArmed(TimerVisualPop));
+    EXPECT_FALSE(window->timers().isArmed(TimerIdlePeek));
+    EXPECT_FALSE(window->command1->isEnabled()) << "the run stays unfinished";
+}
