@@ -60,6 +60,7 @@ void SetTag(QObject *control, const QString &tag)
 
 MainFrm::MainFrm(QWidget *parent, bool manualTimers) : QMainWindow(parent)
 {
+    InitResources();
     m_timers.setManual(manualTimers);
     setWindowTitle(QStringLiteral("Zorvane Reaction Times"));
     m_client = new QWidget(this);

@@ -8,6 +8,17 @@
 #include <QFile>
 #include <QStandardPaths>
 
+// The program's pictures and sounds live in a static library; naming them here keeps the
+// linker from dropping them.
+void InitResources()
+{
+    static const bool done = [] {
+        Q_INIT_RESOURCE(resources);
+        return true;
+    }();
+    (void)done;
+}
+
 namespace MainMod1 {
 
 QString ProgramFolder;
@@ -61,6 +72,7 @@ QString SettingsFailureText(const QString &path)
 
 QByteArray BuiltInSound(int i)
 {
+    InitResources();
     QFile f(QStringLiteral(":/sounds/sound%1.wav").arg(i));
     return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }

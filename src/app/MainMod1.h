@@ -9,6 +9,9 @@
 
 #include <functional>
 
+// Registers the compiled-in pictures, animations and sounds once.
+void InitResources();
+
 namespace MainMod1 {
 
 // The application-wide variables.

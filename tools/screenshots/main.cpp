@@ -1,0 +1,165 @@
+// Drives the main window through the scenes a pupil sees and saves each as a picture:
+//   zrt_screenshots <folder>
+// Timers are fired by hand and chance is scripted, so every picture is the same on each run.
+
+#include "app/MainFrm.h"
+#include "app/MainMod1.h"
+#include "app/MsgBox.h"
+#include "app/PagePanel.h"
+#include "anim/ucGifPlayer.h"
+#include "controls/Check.h"
+#include "controls/GlossButton.h"
+#include "controls/RowList.h"
+#include "reaction/mStopWatch.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <cstdio>
+
+namespace {
+
+std::int64_t g_counter = 0;
+std::int64_t FakeCounter() { return g_counter; }
+
+QString g_folder;
+
+void Settle()
+{
+    for (int i = 0; i < 5; ++i) {
+        QCoreApplication::processEvents();
+        QTest::qWait(20);
+    }
+}
+
+void Save(MainFrm &window, const QString &name)
+{
+    Settle();
+    const QString path = QDir(g_folder).filePath(name + QStringLiteral(".png"));
+    if (!window.grab().save(path))
+        std::fprintf(stderr, "could not write %s\n", qPrintable(path));
+    else
+        std::printf("%s\n", qPrintable(path));
+}
+
+ucGifPlayer *Pop(MainFrm &window)
+{
+    window.chance().script({0.4f});
+    window.timers().fire(TimerVisualPop);
+    for (auto *c : window.ucGifPlayer1)
+        if (Tag(c) == QLatin1String("1"))
+            return c;
+    return nullptr;
+}
+
+void VisualRun(MainFrm &window, std::initializer_list<int> ms)
+{
+    QTest::mouseClick(window.command1, Qt::LeftButton);
+    for (int t : ms) {
+        ucGifPlayer *risen = Pop(window);
+        g_counter += t;
+        if (risen)
+            QTest::mousePress(risen, Qt::LeftButton, Qt::NoModifier, QPoint(55, 250));
+    }
+}
+
+void SampleOfTwenty(MainFrm &window)
+{
+    static const char *visual[] = {"0.31", "0.28", "0.35", "0.42", "0.27", "0.33", "0.39", "0.3",  "0.45", "0.36",
+                                   "0.29", "0.41", "0.34", "0.38", "0.26", "0.32", "0.47", "0.37", "0.33", "0.4"};
+    static const char *audio[] = {"0.22", "0.25", "0.27", "0.31", "0.21", "0.26", "0.3",  "0.24", "0.36", "0.28",
+                                  "0.2",  "0.33", "0.27", "0.29", "0.23", "0.25", "0.38", "0.3",  "0.26", "0.32"};
+    for (int i = 0; i < 20; ++i) {
+        window.cl2->AddItem(QString::fromLatin1(visual[i]));
+        window.CL4->AddItem(QString::fromLatin1(audio[i]));
+    }
+    window.SetDataCount();
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QApplication app(argc, argv);
+    g_folder = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QStringLiteral("docs/screenshots");
+    QDir().mkpath(g_folder);
+    QTemporaryDir documents;
+    MainMod1::Startup(documents.path(), [](const QString &, const QString &) {});
+    MainMod1::Sounds.SoundDisabled = true;
+    SetMsgBoxHook([](const QString &, int, const QString &) { return vbOK; });
+    mStopWatch::SwSetCounter(&FakeCounter, 1000);
+
+    MainFrm window(nullptr, true);
+    window.setSleep([](int) {});
+    window.resize(1100, 720);
+    window.show();
+    Save(window, QStringLiteral("record_start"));
+
+    window.Check4->setValue(0);
+    window.Check4_Click();
+    QTest::mouseClick(window.command1, Qt::LeftButton);
+    Pop(window);
+    Save(window, QStringLiteral("character_risen"));
+    window.GlossButton1_Click(1);
+    VisualRun(window, {312, 287, 345, 298});
+    Save(window, QStringLiteral("run_finished"));
+    window.GlossButton1_Click(1);
+
+    window.Check4->setValue(1);
+    window.Check4_Click();
+    VisualRun(window, {305, 290, 333, 281});
+    window.timers().fire(TimerWalker);
+    for (int i = 0; i < 40; ++i) {
+        window.Timer1->stop();
+        window.Timer1_Timer();
+    }
+    Save(window, QStringLiteral("audio_stage_walker"));
+    while (window.WalkerBusy) {
+        window.Timer1->stop();
+        window.Timer1_Timer();
+    }
+    window.cmdadd_Click(1);
+
+    SampleOfTwenty(window);
+    auto press = [&](const char *key) { window.ToolbarButtonClick(QString::fromLatin1(key)); };
+    press("Averages");
+    QTest::mouseClick(window.averages.cmdshowall, Qt::LeftButton);
+    Save(window, QStringLiteral("averages_1_info"));
+    window.Tab1_Click(1);
+    QTest::mouseClick(window.averages.cmdSA, Qt::LeftButton);
+    Save(window, QStringLiteral("averages_2_distribution"));
+    window.Tab1_Click(2);
+    QTest::mouseClick(window.averages.cmdBP, Qt::LeftButton);
+    Save(window, QStringLiteral("averages_3_box_plot"));
+    window.Tab1_Click(3);
+    QTest::mouseClick(window.averages.cmdSL, Qt::LeftButton);
+    Save(window, QStringLiteral("averages_4_stem_leaf"));
+
+    press("Groups");
+    QTest::mouseClick(window.groups.cmdTally, Qt::LeftButton);
+    Save(window, QStringLiteral("groups_1_tally"));
+    window.Tab2_Click(1);
+    QTest::mouseClick(window.groups.cmdR, Qt::LeftButton);
+    Save(window, QStringLiteral("groups_2_estimated_mean"));
+    window.Tab2_Click(2);
+    QTest::mouseClick(window.groups.cmdCF, Qt::LeftButton);
+    Save(window, QStringLiteral("groups_3_cumulative"));
+    window.Tab2_Click(3);
+    QTest::mouseClick(window.groups.cmdPlot, Qt::LeftButton);
+    window.groups.Check3->setValue(1);
+    window.DrawCFPlot();
+    Save(window, QStringLiteral("groups_4_cf_plot"));
+
+    press("Compare");
+    QTest::mouseClick(window.compare.cmdSG, Qt::LeftButton);
+    Save(window, QStringLiteral("compare_1_scatter"));
+    window.ShapedTabs1_Click(1);
+    QTest::mouseClick(window.compare.cmdSR, Qt::LeftButton);
+    Save(window, QStringLiteral("compare_2_spearman"));
+    window.ShapedTabs1_Click(2);
+    QTest::mouseClick(window.compare.cmdBPc, Qt::LeftButton);
+    Save(window, QStringLiteral("compare_3_boxplots"));
+    return 0;
+}
