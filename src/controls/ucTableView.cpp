@@ -607,8 +607,13 @@ bool ucTableView::ItemSelected(int index) const
 
 void ucTableView::setItemSelected(int index, bool value)
 {
-    if (QTreeWidgetItem *item = Item(index))
-        item->setSelected(value);
+    QTreeWidgetItem *item = Item(index);
+    if (!item)
+        return;
+    // A single-selection list lets one item go when another is chosen.
+    const auto command = value ? (MultiSelect() ? QItemSelectionModel::Select : QItemSelectionModel::ClearAndSelect)
+                               : QItemSelectionModel::Deselect;
+    m_hList->selectionModel()->select(m_hList->indexFromItem(item), command | QItemSelectionModel::Rows);
 }
 
 bool ucTableView::ItemFocused(int index) const
@@ -801,10 +806,12 @@ void ucTableView::ApplyStyles()
     m_hList->setAllColumnsShowFocus(FullRowSelect());
     m_hList->setEditTriggers(LabelEdit() ? QAbstractItemView::SelectedClicked | QAbstractItemView::EditKeyPressed
                                          : QAbstractItemView::NoEditTriggers);
+    m_updatingChecks = true;
     for (int i = 0; i < m_hList->topLevelItemCount(); ++i) {
         QTreeWidgetItem *item = m_hList->topLevelItem(i);
         item->setFlags(LabelEdit() ? item->flags() | Qt::ItemIsEditable : item->flags() & ~Qt::ItemIsEditable);
     }
+    m_updatingChecks = false;
     m_hList->setMouseTracking(true);
     ApplyCheckBoxes();
     Refresh();
@@ -972,7 +979,7 @@ void ucTableView::OnSelectionChanged()
 
 void ucTableView::OnItemChanged(QTreeWidgetItem *item, int column)
 {
-    if (m_updatingChecks || column != 0 || !CheckBoxes())
+    if (m_updatingChecks || column != 0 || !CheckBoxes() || !item->data(0, Qt::CheckStateRole).isValid())
         return;
     const bool checked = item->checkState(0) == Qt::Checked;
     if (item->data(0, CheckedRole).toBool() == checked)
