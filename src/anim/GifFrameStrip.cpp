@@ -58,7 +58,8 @@ bool GifFrameStrip::Create(const GifImage &gif, const GifBuildPlan &plan)
 {
     m_strip = QImage();
     if (plan.StripWidth <= 0 || gif.ActualHeight <= 0
-        || qint64(plan.StripWidth) * gif.ActualHeight > kMaxPixels)
+        || qint64(plan.StripWidth) * gif.ActualHeight > kMaxPixels
+        || qint64(gif.ActualWidth) * gif.ActualHeight > kMaxPixels)
         return false;
     m_strip = QImage(plan.StripWidth, gif.ActualHeight, QImage::Format_Indexed8);
     if (m_strip.isNull())

@@ -23,7 +23,7 @@ GifBuildPlan PlanGifBuild(const GifImage &gif);
 class GifFrameStrip {
 public:
     // The largest strip accepted, in pixels; a bigger file counts as unusable.
-    static constexpr qint64 kMaxPixels = qint64(1) << 27;
+    static constexpr qint64 kMaxPixels = qint64(1) << 25;
 
     // A blank strip of the plan's width and the picture's height. False if it cannot be made.
     bool Create(const GifImage &gif, const GifBuildPlan &plan);
