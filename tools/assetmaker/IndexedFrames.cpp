@@ -5,13 +5,13 @@
 
 namespace assetmaker {
 
-QByteArray EncodeAnimation(const std::vector<QImage> &frames, const AnimationSpec &spec)
+QByteArray EncodeAnimation(const std::vector<QImage> &frames, const AnimationTiming &timing)
 {
     QList<QRgb> table{qRgb(255, 255, 255)};
     QHash<QRgb, int> indexOf;
     zrt::GifWriterInput input;
     input.Screen = frames.front().size();
-    input.Loops = spec.Loops;
+    input.Loops = timing.Loops;
     for (const QImage &source : frames) {
         const QImage argb = source.convertToFormat(QImage::Format_ARGB32);
         QImage indices(argb.size(), QImage::Format_Indexed8);
@@ -37,8 +37,8 @@ QByteArray EncodeAnimation(const std::vector<QImage> &frames, const AnimationSpe
         }
         zrt::GifWriterFrame frame;
         frame.Indices = indices;
-        frame.DelayCs = spec.DelayCs;
-        frame.Disposal = spec.Disposal;
+        frame.DelayCs = timing.DelayCs;
+        frame.Disposal = timing.Disposal;
         frame.TransparentIndex = 0;
         input.Frames.push_back(frame);
     }

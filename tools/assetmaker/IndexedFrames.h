@@ -9,13 +9,13 @@
 
 namespace assetmaker {
 
-struct AnimationSpec {
+struct AnimationTiming {
     int DelayCs = 0;
     int Disposal = 2;
     int Loops = 0;
 };
 
 // Frames of one size; pixels with alpha below 128 become see-through. At most 255 colours.
-QByteArray EncodeAnimation(const std::vector<QImage> &frames, const AnimationSpec &spec);
+QByteArray EncodeAnimation(const std::vector<QImage> &frames, const AnimationTiming &timing);
 
 } // namespace assetmaker

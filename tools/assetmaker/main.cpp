@@ -17,7 +17,7 @@
 
 namespace {
 
-using assetmaker::AnimationSpec;
+using assetmaker::AnimationTiming;
 
 struct NamedGif {
     const char *name;
@@ -41,12 +41,12 @@ bool SaveImage(const QString &path, const QImage &image)
 
 std::vector<NamedGif> MakeCharacterGifs()
 {
-    const AnimationSpec pop{10, 2, 0};
+    const AnimationTiming pop{10, 2, 0};
     return {
         {"character1.gif", assetmaker::EncodeAnimation(assetmaker::CharacterFrames(1), pop)},
         {"character2.gif", assetmaker::EncodeAnimation(assetmaker::CharacterFrames(2), pop)},
-        {"audio_target.gif", assetmaker::EncodeAnimation(assetmaker::AudioTargetFrames(), AnimationSpec{100, 2, 0})},
-        {"walker.gif", assetmaker::EncodeAnimation(assetmaker::WalkerFrames(), AnimationSpec{0, 2, 0})},
+        {"audio_target.gif", assetmaker::EncodeAnimation(assetmaker::AudioTargetFrames(), AnimationTiming{100, 2, 0})},
+        {"walker.gif", assetmaker::EncodeAnimation(assetmaker::WalkerFrames(), AnimationTiming{0, 2, 0})},
     };
 }
 
