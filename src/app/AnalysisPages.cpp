@@ -76,10 +76,13 @@ ShapedTabs *MainFrm::newTabs(QWidget *page, const QStringList &captions, std::fu
     QStringList fields = captions;
     while (fields.size() < 10)
         fields << QStringLiteral("Tab%1").arg(fields.size() + 1);
-    tabs->setCaptions(fields.join(QLatin1Char('|')));
-    tabs->setTabCount(static_cast<int>(captions.size()));
+    tabs->setCaption(fields.join(QLatin1Char('|')) + QLatin1Char('|'));
+    tabs->setNumberOfTabs(static_cast<int>(captions.size()));
     tabs->setGeometry(0, kTabTop, page->width(), kTabHeight);
-    connect(tabs, &ShapedTabs::Click, this, [this, onClick](int index) { guarded([=] { onClick(index); }); });
+    connect(tabs, &ShapedTabs::Click, this, [this, onClick](int &index) {
+        const int tab = index;
+        guarded([=] { onClick(tab); });
+    });
     return tabs;
 }
 
@@ -107,9 +110,8 @@ void MainFrm::buildAveragesPage()
     for (const char *item : zrt::kPrecisionItems)
         a.cl3->AddItem(QString::fromLatin1(item));
     a.cl3->setBackStyle(1);
-    a.cl3->setGeometry(0, 20, a.DD3->width(), 3 * 16 + 4);
-    a.DD3->setExpandedHeight(a.cl3->height() + a.DD3->TitleHeight());
-    a.cl3->move(0, a.DD3->TitleHeight());
+    a.cl3->resize(a.DD3->width(), 3 * 16 + 4);
+    a.DD3->PlaceInBody(a.cl3);
     a.Label7 = Label(page, QStringLiteral("of a second"), QRect(298, 12, 100, 20));
     a.lbsort = Label(page, QStringLiteral("Sort Data Items:"), QRect(430, 12, 110, 20));
     a.Check1 = new Check(page);

@@ -6,15 +6,21 @@
 class QLabel;
 class QTextEdit;
 class PagePanel;
+namespace zrt {
+class PictureBox;
 class GlossButton;
 class RowList;
 class Check;
 class DropPanel;
 class ShapedTabs;
 class ucTableView;
-namespace zrt {
-class PictureBox;
-}
+} // namespace zrt
+using zrt::Check;
+using zrt::DropPanel;
+using zrt::GlossButton;
+using zrt::RowList;
+using zrt::ShapedTabs;
+using zrt::ucTableView;
 
 struct AveragesPage {
     ShapedTabs *Tab1 = nullptr;

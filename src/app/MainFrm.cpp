@@ -268,8 +268,9 @@ void MainFrm::buildSettingsPanel()
     for (int i = 4; i <= 10; ++i)
         List2->AddItem(QString::number(i));
     for (auto [panel, list] : {std::pair{dd1, List1}, std::pair{DD2, List2}}) {
-        list->setGeometry(0, panel->TitleHeight(), panel->width(), list->ListCount() * 16 + 4);
-        panel->setExpandedHeight(list->height() + panel->TitleHeight());
+        list->setBackStyle(1);
+        list->resize(panel->width(), list->ListCount() * 16 + 4);
+        panel->PlaceInBody(list);
     }
     connect(List1, &RowList::Click, this, [this] { guarded([this] { List1_Click(); }); });
     connect(List2, &RowList::Click, this, [this] { guarded([this] { List2_Click(); }); });

@@ -21,6 +21,7 @@
 
 class QLabel;
 class PagePanel;
+namespace zrt {
 class GlossButton;
 class RowList;
 class Check;
@@ -29,6 +30,15 @@ class ShapedTabs;
 class ThemedToolbar;
 class ucGifPlayer;
 class ucTableView;
+} // namespace zrt
+using zrt::Check;
+using zrt::DropPanel;
+using zrt::GlossButton;
+using zrt::RowList;
+using zrt::ShapedTabs;
+using zrt::ThemedToolbar;
+using zrt::ucGifPlayer;
+using zrt::ucTableView;
 
 // Window timers of the tests; TestTimerProc kills the one that fired, so each is one-shot.
 enum TestTimer : int {

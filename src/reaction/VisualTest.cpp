@@ -36,7 +36,7 @@ int MainFrm::CharactersWanted() const { return static_cast<int>(zrt::Val(dd1->Ti
 void MainFrm::Settings_Enabled(bool enabled)
 {
     pSettings->setEnabled(enabled);
-    const QColor title = enabled ? QColor(Qt::white) : MainMod1::PanelColour;
+    const zrt::OleColor title = enabled ? zrt::RGB(255, 255, 255) : zrt::ToOleColor(MainMod1::PanelColour);
     dd1->setTitleBackColor(title);
     DD2->setTitleBackColor(title);
 }
