@@ -10,7 +10,6 @@ namespace {
 // The x positions of the four columns' contents and dividers.
 struct Columns {
     int frequencyDivider = 0;
-    double frequencyHeader = 0;
     double frequency = 0; // values and the frequency total
     int mid = 0;          // x2: divider of "Mid (t)"
     int product = 0;      // x3: divider of "f x Mid(t)"
@@ -26,8 +25,7 @@ Columns DrawHeaders(ChartFrame &f, const ClassTable &t)
     const int labelWidth = Drawings::MeasureFont(t.rowHeight, 0, LastLabel(t, false));
     c.frequencyDivider = Pos(w * 0.05 + labelWidth + 5.0);
     f.Line(c.frequencyDivider, 15, c.frequencyDivider, bottom);
-    c.frequencyHeader = w * 0.05 + labelWidth + 15.0;
-    f.Label(Pos(c.frequencyHeader), 15, QStringLiteral("Frequency"), 20, 0, 1);
+    f.Label(Pos(w * 0.05 + labelWidth + 15.0), 15, QStringLiteral("Frequency"), 20, 0, 1);
     c.frequency = w * 0.05 + labelWidth + 30.0;
 
     const int e = Drawings::MeasureFont(20, 0, QStringLiteral("Frequency"));
