@@ -82,8 +82,10 @@ std::vector<StemRow> StemRows(std::vector<int> &values)
     for (int stem = a; stem <= b; ++stem) {
         StemRow row{std::to_string(stem), {}};
         for (const std::string &text : texts)
-            if (text.compare(0, row.stem.size(), row.stem) == 0)
-                row.leaves += " " + text.substr(row.stem.size());
+            if (text.compare(0, row.stem.size(), row.stem) == 0) {
+                row.leaves += ' ';
+                row.leaves.append(text, row.stem.size());
+            }
         rows.push_back(std::move(row));
     }
     return rows;
