@@ -1,0 +1,135 @@
+#include "toolbar/GraphicsBas1.h"
+
+#include <QGuiApplication>
+#include <QPainter>
+#include <QPalette>
+
+#include <algorithm>
+#include <cmath>
+
+namespace zrt {
+
+namespace {
+
+QColor SystemColorOf(int index)
+{
+    const QPalette palette = QGuiApplication::palette();
+    switch (index) {
+    case 5: return palette.color(QPalette::Base);             // window
+    case 8: return palette.color(QPalette::Text);             // window text
+    case 13: return palette.color(QPalette::Highlight);
+    case 14: return palette.color(QPalette::HighlightedText);
+    case 15: return palette.color(QPalette::Button);          // button face
+    case 16: return palette.color(QPalette::Dark);            // button shadow
+    case 17: return palette.color(QPalette::Disabled, QPalette::Text); // grey text
+    case 18: return palette.color(QPalette::ButtonText);
+    case 20: return palette.color(QPalette::Light);           // button highlight
+    case 21: return palette.color(QPalette::Shadow);          // 3D dark shadow
+    case 22: return palette.color(QPalette::Midlight);        // 3D light
+    case 23: return palette.color(QPalette::ToolTipText);
+    case 24: return palette.color(QPalette::ToolTipBase);
+    case 7: return palette.color(QPalette::WindowText);       // menu text
+    case 4: return palette.color(QPalette::Window);           // menu
+    case 12: return palette.color(QPalette::Mid);             // application workspace
+    case 26: return palette.color(QPalette::Link);            // hot light
+    default: break;
+    }
+    // The remaining indices (captions, borders, desktop) keep the classic fixed values.
+    static const QRgb classic[] = {
+        qRgb(200, 200, 200), qRgb(0, 0, 0),       qRgb(153, 180, 209), qRgb(191, 205, 219),
+        qRgb(240, 240, 240), qRgb(255, 255, 255), qRgb(100, 100, 100), qRgb(0, 0, 0),
+        qRgb(0, 0, 0),       qRgb(0, 0, 0),       qRgb(180, 180, 180), qRgb(244, 247, 252),
+        qRgb(171, 171, 171), qRgb(0, 120, 215),   qRgb(255, 255, 255), qRgb(240, 240, 240),
+        qRgb(160, 160, 160), qRgb(109, 109, 109), qRgb(0, 0, 0),       qRgb(0, 0, 0),
+        qRgb(255, 255, 255), qRgb(105, 105, 105), qRgb(227, 227, 227), qRgb(0, 0, 0),
+        qRgb(255, 255, 225), qRgb(0, 0, 0),       qRgb(0, 102, 204),   qRgb(185, 209, 234),
+        qRgb(215, 228, 242), qRgb(0, 120, 215),   qRgb(240, 240, 240)};
+    if (index >= 0 && index < static_cast<int>(std::size(classic)))
+        return QColor(classic[index]);
+    return QColor(Qt::black);
+}
+
+int Mix(int a, int b, int step, int steps)
+{
+    if (steps <= 0)
+        return a;
+    return a + static_cast<int>(std::lround(static_cast<double>(b - a) * step / steps));
+}
+
+} // namespace
+
+QColor TranslateColor(OleColor color)
+{
+    if (IsSystemColor(color))
+        return SystemColorOf(static_cast<int>(color & 0xFFFF));
+    return QColor(static_cast<int>(color & 0xFF), static_cast<int>((color >> 8) & 0xFF),
+                  static_cast<int>((color >> 16) & 0xFF));
+}
+
+OleColor ToOleColor(const QColor &color) { return RGB(color.red(), color.green(), color.blue()); }
+
+QImage GradientImage(const QSize &size, const QColor &from, const QColor &to, GradientDirection direction)
+{
+    QImage image(size.expandedTo(QSize(0, 0)), QImage::Format_RGB32);
+    if (image.isNull())
+        return image;
+    const bool rows = direction == GradientDirection::TopToBottom;
+    const int steps = (rows ? size.height() : size.width()) - 1;
+    for (int y = 0; y < size.height(); ++y) {
+        auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
+        for (int x = 0; x < size.width(); ++x) {
+            const int i = rows ? y : x;
+            line[x] = qRgb(Mix(from.red(), to.red(), i, steps), Mix(from.green(), to.green(), i, steps),
+                           Mix(from.blue(), to.blue(), i, steps));
+        }
+    }
+    return image;
+}
+
+void DrawGradient(QPainter &target, const QRect &rect, const QColor &from, const QColor &to,
+                  GradientDirection direction)
+{
+    if (rect.width() <= 0 || rect.height() <= 0)
+        return;
+    // Built in memory and put down in one step, so the target never shows a half-drawn ground.
+    target.drawImage(rect.topLeft(), GradientImage(rect.size(), from, to, direction));
+}
+
+void TransparentCopy(QPainter &target, const QPoint &at, const QSize &size, const QImage &source,
+                     const QPoint &sourceAt, const QColor &maskColor)
+{
+    QImage part = source.copy(QRect(sourceAt, size)).convertToFormat(QImage::Format_ARGB32);
+    const QRgb mask = maskColor.rgb() & 0xFFFFFF;
+    for (int y = 0; y < part.height(); ++y) {
+        auto *line = reinterpret_cast<QRgb *>(part.scanLine(y));
+        for (int x = 0; x < part.width(); ++x)
+            if ((line[x] & 0xFFFFFF) == mask)
+                line[x] = 0;
+    }
+    target.drawImage(at, part);
+}
+
+void PictureToDC(QPainter &target, const QPoint &at, const QSize &size, const QImage &picture,
+                 const QPoint &sourceAt, const QColor &background)
+{
+    QImage canvas(size, QImage::Format_RGB32);
+    if (canvas.isNull())
+        return;
+    canvas.fill(background);
+    {
+        QPainter painter(&canvas);
+        painter.drawImage(QPoint(0, 0), picture, QRect(sourceAt, size));
+    }
+    target.drawImage(at, canvas);
+}
+
+QColor BlendColor(const QColor &color, int factor)
+{
+    factor = std::clamp(factor, -100, 100);
+    const int end = factor < 0 ? 0 : 255;
+    const int p = std::abs(factor);
+    return QColor(color.red() + (end - color.red()) * p / 100, color.green() + (end - color.green()) * p / 100,
+                  color.blue() + (end - color.blue()) * p / 100);
+}
+
+} // namespace zrt
