@@ -272,7 +272,7 @@ QFrame *msgFrm::ShowPanel(Panel shown)
     for (int i = 0; i < 4; ++i)
         m_F1[i]->setVisible(i == shown);
     QFrame *panel = m_F1[shown];
-    SetBack(panel, DialogColour(m_BackColour));
+    SetBack(panel, TranslateColor(m_BackColour));
     panel->setGeometry(kPanelLeft, kPanelTop, width() - kPanelWidthLoss, panel->height());
     return panel;
 }
@@ -324,7 +324,7 @@ void msgFrm::PrepareMsgBox(const MsgBoxArgs &args)
     const int textBottomTwips = textBottom * m_TwipsPerPixelY;
 
     if (!args.CheckText.isEmpty()) {
-        SetBack(m_Check1, DialogColour(m_BackColour));
+        SetBack(m_Check1, TranslateColor(m_BackColour));
         m_Check1->setText(args.CheckText);
         m_Check1->adjustSize();
         m_Check1->move(m_lblmsg->x(), ToPixelsY(textBottomTwips + kCheckGap));
@@ -502,7 +502,7 @@ void msgFrm::PaintShadow(QPainter &painter) const
     painter.save();
     painter.setClipRegion(BalloonShape::ShadowRegion(size()));
     for (const BalloonShape::ShadowStrip &strip : BalloonShape::ShadowStrips(size())) {
-        const QColor shade(0, 0, 0, (255 - strip.behindAlpha) * 2 / 5);
+        const QColor shade(0, 0, 0, (255 - strip.behindAlpha) / 2);
         painter.fillRect(strip.row, shade);
         painter.fillRect(strip.column, shade);
     }
@@ -512,7 +512,7 @@ void msgFrm::PaintShadow(QPainter &painter) const
 void msgFrm::PaintFace(QPainter &painter) const
 {
     painter.setPen(kFrameColour);
-    painter.setBrush(DialogColour(m_BackColour));
+    painter.setBrush(TranslateColor(m_BackColour));
     painter.drawRoundedRect(BalloonShape::FaceRect(size()), 12, 12);
 }
 
@@ -522,7 +522,7 @@ void msgFrm::PaintPointer(QPainter &painter) const
     if (triangle.isEmpty())
         return;
     painter.setPen(Qt::NoPen);
-    painter.setBrush(DialogColour(m_BackColour));
+    painter.setBrush(TranslateColor(m_BackColour));
     painter.drawPolygon(triangle);
     // Only the two sides are framed; the base lies inside the face.
     painter.setPen(kFrameColour);
@@ -683,8 +683,8 @@ void msgFrm::PrepareInputBox(const InputBoxArgs &args)
     m_iMsg->setText(args.Prompt);
     m_iTxt->setText(args.Default);
     m_iTxt->selectAll();
-    SetFore(m_iTitle, DialogColour(args.ForeColour));
-    SetFore(m_iMsg, DialogColour(args.ForeColour));
+    SetFore(m_iTitle, TranslateColor(args.ForeColour));
+    SetFore(m_iMsg, TranslateColor(args.ForeColour));
 
     QFrame *panel = ShowPanel(InputPanel);
     const int panelWidth = panel->width();

@@ -10,7 +10,7 @@
 // labels; the panels and the shape are in pixels.
 
 #include "dialogs/BalloonShape.h"
-#include "dialogs/DialogColour.h"
+#include "toolbar/GraphicsBas1.h"
 
 #include <QDialog>
 #include <QString>
