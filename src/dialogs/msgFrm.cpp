@@ -441,7 +441,7 @@ void msgFrm::DrawBalloon(bool NoPointer, float PointX, float PointY, qint16 Shad
 {
     Q_UNUSED(Shadow) // the shadow looks the same whatever number it is given
     if (NoPointer) {
-        const QRect screen = ScreenAt(QPoint(0, 0));
+        const QRect screen = ScreenAt(QCursor::pos()); // the screen the pupil is looking at
         move(screen.left() + (screen.width() - width()) / 2, screen.top() + (screen.height() - height()) / 2);
         m_PointerStyle = BalloonShape::NoPointer;
     } else {

@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPushButton>
 #include <QScreen>
 #include <QTimer>
@@ -183,6 +184,7 @@ TEST_F(MsgFrmTest, FormWidthShadowTagAndHeightFollowTheText)
     frm.PrepareMsgBox(args);
     EXPECT_EQ(frm.width(), qRound(8055.0 / frm.TwipsPerPixelX()));
     EXPECT_EQ(frm.Tag(), "60");
+    EXPECT_FALSE(frm.lblmsg()->property("LabelValue").isValid()) << "0 writes nothing";
     EXPECT_EQ(frm.F1(0)->geometry(), QRect(8, 30, frm.width() - 30, frm.F1(0)->height()));
     EXPECT_EQ(frm.height(), frm.F1(0)->height() + 65);
     const int shortHeight = frm.height();
@@ -197,6 +199,32 @@ TEST_F(MsgFrmTest, FormWidthShadowTagAndHeightFollowTheText)
     args.FormWidth = -500;
     odd.PrepareMsgBox(args);
     EXPECT_GT(odd.F1(0)->width(), 0);
+}
+
+TEST_F(MsgFrmTest, ShadowIsATranslucentBandBesideTheFaceAndGoesWhileDragging)
+{
+    msgFrm frm;
+    frm.PrepareMsgBox(Centred(QStringLiteral("x"), 0));
+    frm.show();
+    // Drawn over white as the screen would show it: the band darkens what lies behind.
+    auto composed = [&frm] {
+        QImage image(frm.size(), QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.setClipRegion(frm.BalloonRegion());
+        frm.render(&painter, frm.BalloonRegion().boundingRect().topLeft());
+        return image;
+    };
+    const QPoint band(frm.width() - 10, frm.height() / 2);
+    const QColor shaded = composed().pixel(band);
+    EXPECT_LT(shaded.lightness(), 250);
+    EXPECT_GT(shaded.lightness(), 60) << "translucent, not solid";
+
+    const QPoint start = frm.mapToGlobal(QPoint(30, 40));
+    SendMouse(&frm, QEvent::MouseButtonPress, start, Qt::LeftButton, Qt::LeftButton);
+    EXPECT_EQ(QColor(composed().pixel(band)), QColor(Qt::white));
+    SendMouse(&frm, QEvent::MouseButtonRelease, start, Qt::LeftButton, Qt::NoButton);
+    EXPECT_EQ(QColor(composed().pixel(band)), shaded);
 }
 
 TEST_F(MsgFrmTest, TextWithMarksIsDrawnInsteadOfTheLabel)
