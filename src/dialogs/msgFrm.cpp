@@ -34,7 +34,6 @@ constexpr int kPanelBelow = 900;  // room below the text for check box and butto
 constexpr std::array<int, 3> kButtonLefts{0, 1800, 3555};
 constexpr int kButtonWidth = 1140;
 constexpr int kButtonHeight = 405;
-constexpr int kButtonBarWidth = 3555 + kButtonWidth;
 
 // Panels sit 30 pixels down and 8 in; the window is 65 pixels taller than its panel and
 // 30 wider.
@@ -332,15 +331,26 @@ void msgFrm::PrepareMsgBox(const MsgBoxArgs &args)
     } else {
         m_Check1->hide();
     }
-    m_ButtonBar->setGeometry((panelWidth - ToPixelsX(kButtonBarWidth)) / 2, ToPixelsY(textBottomTwips + kButtonGap),
-                             ToPixelsX(kButtonBarWidth), ToPixelsY(kButtonHeight));
+    m_ButtonBar->move(0, ToPixelsY(textBottomTwips + kButtonGap));
     FinishPanelHeight(panel, ToPixelsY(textBottomTwips + kPanelBelow));
 
     SetDisplayIcon(args.Flags, m_P1);
     PlaceTitle(m_P1, m_LblTitle, panelWidth);
     DrawBalloon(args.NoPointer, args.PointX, args.PointY, args.Shadow);
     SetupButtons(args.Flags, args.Caption1, args.Caption2, args.Caption3);
+    CentreButtonBar();
     SetDefaultButton(args.Flags);
+}
+
+// The buttons keep their places among themselves; the row of those shown is centred.
+void msgFrm::CentreButtonBar()
+{
+    int shown = 1;
+    for (int i = 0; i < 3; ++i)
+        if (m_cmd1[i]->isVisibleTo(m_ButtonBar))
+            shown = i + 1;
+    const int width = ToPixelsX(kButtonLefts[shown - 1] + kButtonWidth);
+    m_ButtonBar->setGeometry((m_F1[MessagePanel]->width() - width) / 2, m_ButtonBar->y(), width, ToPixelsY(kButtonHeight));
 }
 
 qint16 msgFrm::FinishMsgBox() const

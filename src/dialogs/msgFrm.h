@@ -194,6 +194,7 @@ private:
     void PlaceTitle(QLabel *icon, QLabel *title, int panelWidth);
     int PlaceWrappedText(QLabel *label, int top, int panelWidth);
     void FinishPanelHeight(QFrame *panel, int height);
+    void CentreButtonBar();
     void ApplyShape();
     void FocusDefault();
     DialogButton *CancellingButton() const;

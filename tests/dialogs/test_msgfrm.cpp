@@ -90,6 +90,11 @@ TEST_F(MsgFrmTest, EachButtonSetShowsItsCaptionsAndAnswersWithItsNumber)
                     EXPECT_EQ(frm.cmd1(i)->text(), set.captions[i]);
                 }
             }
+            // The row of buttons shown stands in the middle of the panel.
+            const QRect row = QRect(frm.cmd1(0)->mapTo(frm.F1(0), QPoint(0, 0)), QSize(1, 1))
+                                  .united(QRect(frm.cmd1(set.captions.size() - 1)->mapTo(frm.F1(0), QPoint(0, 0)),
+                                                frm.cmd1(0)->size()));
+            EXPECT_LE(qAbs(row.center().x() - frm.F1(0)->width() / 2), 1) << set.flags;
             frm.cmd1(pressed)->click();
             EXPECT_FALSE(frm.isVisible());
             EXPECT_EQ(frm.FinishMsgBox(), set.answers[pressed]) << set.flags << " button " << pressed;
