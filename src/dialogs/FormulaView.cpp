@@ -209,7 +209,7 @@ void FormulaView::drawRoot(QPainter &painter, const Placed &placed, int baseline
     // The sign: a short stroke down to the baseline and a long one up to the bar, which then
     // runs on over the token.
     const QFontMetrics metrics(font());
-    const int top = baseline - metrics.ascent() - 1;
+    const int top = baseline - metrics.capHeight() - 3; // just clear of digits and capitals
     const int sign = rootSignWidth();
     const int x = placed.x;
     const int right = x + placed.piece.width;

@@ -30,7 +30,7 @@ public:
     QSize sizeHint() const override;
 
     // Room above each line for a raised power or a root's bar.
-    static constexpr int kRaiseRoom = 4;
+    static constexpr int kRaiseRoom = 6;
     // Gap on each side of a pair set apart.
     static constexpr int kPairGap = 4;
 
