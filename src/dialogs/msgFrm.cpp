@@ -6,6 +6,7 @@
 #include "common/RunTimeError.h"
 
 #include <QCheckBox>
+#include <QCursor>
 #include <QFileDialog>
 #include <QFrame>
 #include <QGuiApplication>
