@@ -34,7 +34,7 @@ const QString kOutliersText = QStringLiteral(
     "Lower Outlier Calculation = Q1 - (1.5 x IQR) and the Upper Outlier Calculation = Q3 + (1.5 x IQR)");
 
 // The explanation boxes all use the information icon and a pale rose ground.
-void Explain(const QString &text, const QString &title, int formWidth = 0, short shadow = 0)
+void Explain(const QString &text, const QString &title, QWidget *owner, int formWidth = 0, short shadow = 0)
 {
     zrt::MsgBoxArgs args;
     args.Text = text;
@@ -43,7 +43,7 @@ void Explain(const QString &text, const QString &title, int formWidth = 0, short
     args.BackColour = zrt::RGB(227, 207, 207);
     args.FormWidth = formWidth;
     args.Shadow = shadow;
-    zrt::msg_Box(args);
+    zrt::msg_Box(args, owner);
 }
 
 } // namespace
@@ -89,7 +89,7 @@ void MainFrm::DrawCFPlot()
 
 void MainFrm::DrawScatterGraph()
 {
-    zrt::DrawScatterGraph(*compare.pFR[0], analysis.GroupedData, analysis.AnalysisData,
+    zrt::DrawScatter(*compare.pFR[0], analysis.GroupedData, analysis.AnalysisData,
                           compare.cmdSG->Caption() == QLatin1String("Hide Coordinates"), VisualSummary, AudioSummary);
 }
 
@@ -113,15 +113,16 @@ void MainFrm::DrawCorrelationScale()
 void MainFrm::pFR0_MouseDown(double x, double y)
 {
     // Only the red mean point answers a click.
-    if (compare.pFR[0]->Point(x, y) != static_cast<qint32>(zrt::RGB(255, 0, 0)))
+    const double perPixel = compare.pFR[0]->ScaleMode() == zrt::PictureBox::Twips ? zrt::PictureBox::TwipsPerPixel : 1;
+    if (!zrt::IsMeanPoint(*compare.pFR[0], static_cast<int>(x / perPixel), static_cast<int>(y / perPixel)))
         return;
-    Explain(QString::fromStdString(zrt::MeanPointText(VisualSummary, AudioSummary)), QString());
+    Explain(QString::fromStdString(zrt::MeanPointMessage(VisualSummary, AudioSummary)), QString(), this);
 }
 
-void MainFrm::ShowOutliersHelp() { Explain(kOutliersText, QStringLiteral("Outliers"), 8055, 60); }
+void MainFrm::ShowOutliersHelp() { Explain(kOutliersText, QStringLiteral("Outliers"), this, 8055, 60); }
 
 void MainFrm::ShowSummaryDetails(int index)
 {
     Explain(QString::fromStdString(zrt::DetailsText(index == 0 ? VisualSummary : AudioSummary)),
-            QString::fromLatin1(zrt::DetailsTitle));
+            QString::fromLatin1(zrt::DetailsTitle), this);
 }

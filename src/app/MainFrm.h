@@ -7,6 +7,7 @@
 #include "app/AnalysisPages.h"
 #include "app/RandomSource.h"
 #include "app/TimerService.h"
+#include "charts/BoxPlots.h"
 #include "stats/AnalysisState.h"
 
 #include <QMainWindow>
