@@ -54,8 +54,8 @@ GlossButtonRegion GlossButtonRegion::RoundBox(int left, int top, int width, int 
     const int bottom = top + height;
     GlossButtonRegion shape(0, 0, right, bottom);
     std::fill(shape.m_bits.begin(), shape.m_bits.end(), std::uint8_t{1});
-    // The mirror of column x across the box's vertical centre.
-    const int mirrorSum = 2 * left + width;
+    // The mirror of column x across the vertical centre of (0,0)-(right, bottom).
+    const int mirrorSum = right;
     for (int y = 0; y <= bottom; ++y) {
         for (int x = 0; x <= right / 2; ++x) {
             if (IsInRoundRect(x, y, left, top, width, height, radius))

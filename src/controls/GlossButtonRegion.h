@@ -21,8 +21,8 @@ public:
     GlossButtonRegion() = default;
 
     // The rounded box as the button cuts it: every pixel of (0,0)-(left+width, top+height) that
-    // IsInRoundRect accepts. The shape is symmetric, so only the left half is tested and each
-    // refused pixel takes its mirror image with it.
+    // IsInRoundRect accepts, judged on the left half: each refused pixel takes its mirror image
+    // across the vertical centre of that rectangle with it.
     static GlossButtonRegion RoundBox(int left, int top, int width, int height, int radius);
 
     // A rectangle (left, top)-(right, bottom), right and bottom excluded, with elliptic corners of
