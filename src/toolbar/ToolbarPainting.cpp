@@ -2,6 +2,7 @@
 
 #include <QFontMetrics>
 #include <QPainter>
+#include <QPixmapCache>
 #include <QPolygon>
 
 #include <algorithm>
@@ -11,6 +12,15 @@ namespace zrt {
 namespace {
 
 QColor C(const ThemeColors &colors, int entry) { return TranslateColor(colors[static_cast<std::size_t>(entry)]); }
+
+// Every row of a top-to-bottom gradient holds one colour: build one column of the shared
+// gradient and stretch it, instead of a full image for each wide bar.
+void FillVerticalGradient(QPainter &p, const QRect &rect, const QColor &from, const QColor &to)
+{
+    if (rect.isEmpty())
+        return;
+    p.drawImage(rect, GradientImage(QSize(1, rect.height()), from, to, GradientDirection::TopToBottom));
+}
 
 void DrawOutline(QPainter &p, const QRect &rect, const QColor &color)
 {
@@ -23,7 +33,7 @@ void DrawOutline(QPainter &p, const QRect &rect, const QColor &color)
 // gradient's end colours exactly.
 void DrawLitGround(QPainter &p, const QRect &rect, const QColor &from, const QColor &to, const QColor &line)
 {
-    DrawGradient(p, rect.adjusted(1, 1, -1, -1), from, to, GradientDirection::TopToBottom);
+    FillVerticalGradient(p, rect.adjusted(1, 1, -1, -1), from, to);
     DrawOutline(p, rect, line);
 }
 
@@ -72,16 +82,40 @@ QImage ScaledIcon(const ToolbarButton &b)
     return b.icon.scaled(b.iconSize, b.iconSize, Qt::IgnoreAspectRatio, Qt::FastTransformation);
 }
 
-void DrawButtonIcon(QPainter &p, const ToolbarButton &b, const QPoint &at, bool disabled)
+// The icon as drawn: at its size, the mask colour made transparent, grey when disabled. Kept in
+// the pixmap cache, so a repaint does not convert the same icon again.
+QPixmap PreparedIcon(const ToolbarButton &b, bool disabled)
 {
+    const QString key = QStringLiteral("zrt-toolbar-%1-%2-%3-%4-%5")
+                            .arg(b.icon.cacheKey())
+                            .arg(b.iconSize)
+                            .arg(b.useMaskColor ? b.maskColor : 0xFFFFFFFFu)
+                            .arg(disabled)
+                            .arg(b.useMaskColor);
+    QPixmap pixmap;
+    if (QPixmapCache::find(key, &pixmap))
+        return pixmap;
     const QImage icon = ScaledIcon(b);
     const QColor mask = TranslateColor(b.maskColor);
-    if (disabled)
-        p.drawImage(at, DisabledIcon(icon, b.useMaskColor, mask));
-    else if (b.useMaskColor)
-        TransparentCopy(p, at, icon.size(), icon, QPoint(0, 0), mask);
-    else
-        p.drawImage(at, icon);
+    QImage prepared;
+    if (disabled) {
+        prepared = DisabledIcon(icon, b.useMaskColor, mask);
+    } else if (b.useMaskColor) {
+        prepared = QImage(icon.size(), QImage::Format_ARGB32);
+        prepared.fill(Qt::transparent);
+        QPainter painter(&prepared);
+        TransparentCopy(painter, QPoint(0, 0), icon.size(), icon, QPoint(0, 0), mask);
+    } else {
+        prepared = icon;
+    }
+    pixmap = QPixmap::fromImage(prepared);
+    QPixmapCache::insert(key, pixmap);
+    return pixmap;
+}
+
+void DrawButtonIcon(QPainter &p, const ToolbarButton &b, const QPoint &at, bool disabled)
+{
+    p.drawPixmap(at, PreparedIcon(b, disabled));
 }
 
 void DrawButtonCaption(QPainter &p, const ToolbarButton &b, const QRect &rect, bool disabled)
@@ -154,7 +188,7 @@ ButtonLook LookOf(const ToolbarButton &b, bool barEnabled, bool hot, bool presse
 
 void DrawBarGround(QPainter &p, const QRect &rect, const ThemeColors &colors)
 {
-    DrawGradient(p, rect, C(colors, theme::BarFrom), C(colors, theme::BarTo), GradientDirection::TopToBottom);
+    FillVerticalGradient(p, rect, C(colors, theme::BarFrom), C(colors, theme::BarTo));
 }
 
 void DrawGrip(QPainter &p, const QRect &rect, const ThemeColors &colors)
@@ -191,7 +225,7 @@ void DrawEndArea(QPainter &p, const QRect &rect, const ThemeColors &colors, bool
         DrawLitGround(p, rect, C(colors, theme::HoverFrom), C(colors, theme::HoverTo), C(colors, theme::HoverLine));
         mark = Qt::black;
     } else {
-        DrawGradient(p, rect, C(colors, theme::EndFrom), C(colors, theme::EndTo), GradientDirection::TopToBottom);
+        FillVerticalGradient(p, rect, C(colors, theme::EndFrom), C(colors, theme::EndTo));
     }
     const int x = rect.left() + (rect.width() - 7) / 2;
     if (overflow)

@@ -587,3 +587,24 @@ TEST(ThemedToolbarProperties, WritesOnlyNonDefaultsAndReadsBack)
     EXPECT_EQ(copy.BtnLeft(9), 262);
     EXPECT_EQ(copy.WriteProperties(), bag);
 }
+
+TEST(ThemedToolbarButtons, MouseEventsPassThroughInBarPixels)
+{
+    auto bar = MainBar();
+    QSignalSpy downs(bar.get(), &ThemedToolbar::MouseDown);
+    QSignalSpy ups(bar.get(), &ThemedToolbar::MouseUp);
+    SendMouse(bar->PicTB(), QEvent::MouseButtonPress, QPoint(10, 12), Qt::RightButton);
+    SendMouse(bar->PicTB(), QEvent::MouseButtonRelease, QPoint(10, 12), Qt::RightButton);
+    ASSERT_EQ(downs.count(), 1);
+    EXPECT_EQ(downs.at(0).at(0).toInt(), 2);
+    EXPECT_EQ(downs.at(0).at(2).toInt(), 10 + ThemedToolbar::GripWidth);
+    EXPECT_EQ(downs.at(0).at(3).toInt(), 12);
+    EXPECT_EQ(ups.count(), 1);
+
+    // A disabled bar draws every button disabled and clicks none.
+    QSignalSpy clicks(bar.get(), &ThemedToolbar::ButtonClick);
+    bar->setEnabled(false);
+    Click(bar->PicTB(), CentreOf(*bar, 1));
+    EXPECT_EQ(clicks.count(), 0);
+    EXPECT_EQ(bar->WriteProperties().value("Enabled", true).toBool(), false);
+}
