@@ -272,7 +272,7 @@ void ThemedToolbar::ChangeBtnProperty(int button, int which, const QVariant &val
     case FieldIcon: b.icon = value.value<QImage>(); sizeChanges = true; break;
     case FieldIconSize:
         if (!ValidLook(value.toInt(), b.alignment))
-            zrt::raise(380);
+            Fail(380, QStringLiteral("Invalid property value"));
         b.iconSize = value.toInt();
         sizeChanges = true;
         break;
@@ -282,7 +282,7 @@ void ThemedToolbar::ChangeBtnProperty(int button, int which, const QVariant &val
     case FieldState: SetState(b, value.toInt()); break;
     case FieldValue: SetValue(b, value.toBool()); break;
     case FieldFont: b.font = value.value<QFont>(); sizeChanges = true; break;
-    default: zrt::raise(380);
+    default: Fail(380, QStringLiteral("Invalid property value"));
     }
     if (sizeChanges)
         Relayout(static_cast<std::size_t>(button - 1));
@@ -294,7 +294,7 @@ void ThemedToolbar::setBtnAlignment(int i, int v)
 {
     ToolbarButton &b = at(i);
     if (!ValidLook(b.iconSize, v))
-        zrt::raise(380);
+        Fail(380, QStringLiteral("Invalid property value"));
     b.alignment = v;
     Relayout(static_cast<std::size_t>(i - 1));
 }
