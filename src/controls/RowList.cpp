@@ -409,6 +409,7 @@ QWidget *RowList::hWnd() const { return m_iScr; }
 
 void RowList::Refresh()
 {
+    EnsureLayout();
     ClearSurface();
     DrawAllRows();
 }
@@ -428,6 +429,7 @@ void RowList::setListIndex(int value)
 {
     if (value > m_ListCount - 1 || value < -1)
         zrt::raise(ErrInvalidPropertyIndex);
+    EnsureLayout();
     if (IsEditing())
         CloseEdit();
     if (value < 0 || m_ListCount == 0) {
@@ -463,7 +465,11 @@ void RowList::setListIndex(int value)
 
 short RowList::TopIndex() const { return static_cast<short>(m_Bar->value()); }
 
-void RowList::setTopIndex(int value) { m_Bar->setValue(std::clamp(value, 0, m_Bar->maximum())); }
+void RowList::setTopIndex(int value)
+{
+    EnsureLayout();
+    m_Bar->setValue(std::clamp(value, 0, m_Bar->maximum()));
+}
 
 QString RowList::ItemText(int index) const
 {
@@ -553,6 +559,7 @@ void RowList::SetImageList(const QImage &picture, std::optional<int> iconEdge, s
 
 void RowList::AddItem(const QString &text, short icon, short iconSelected)
 {
+    EnsureLayout();
     if (m_ListCount >= MaxItems)
         zrt::raise(ErrOverflow);
     m_Items.push_back(ItemRecord{text, icon, iconSelected});
@@ -564,6 +571,7 @@ void RowList::AddItem(const QString &text, short icon, short iconSelected)
 
 void RowList::InsertItem(int index, const QString &text, short icon, short iconSelected)
 {
+    EnsureLayout();
     // An empty list takes no insertion, not even at 0: AddItem starts a list.
     if (m_ListCount == 0 || index < 0 || index > m_ListCount)
         zrt::raise(ErrInvalidPropertyIndex);
@@ -615,6 +623,7 @@ void RowList::RemoveItem(int index)
         m_ListIndex = static_cast<short>(old - 1);
     }
     m_LastListIndex = -1;
+    EnsureLayout();
     UpdateScrollRange();
     Refresh();
     if (old >= index)
@@ -638,6 +647,7 @@ short RowList::FindFirst(const QString &text, int startIndex, bool exact) const
 
 void RowList::Clear()
 {
+    EnsureLayout();
     if (IsEditing())
         CloseEdit();
     m_Items.clear();
@@ -693,6 +703,7 @@ bool RowList::IsEditing() const { return !m_txtEdit->isHidden(); }
 
 void RowList::StartEdit()
 {
+    EnsureLayout();
     if (m_ListIndex < 0 || m_ListIndex >= m_ListCount)
         return;
     if (!IsRowVisible(m_ListIndex))
@@ -780,8 +791,23 @@ int RowList::BorderWidth() const
     return m_Appearance == 1 ? 2 : 1;
 }
 
+// A hidden widget gets its resize event only when shown, and the main window fills its lists
+// before that: every entry point that depends on the rows' geometry checks it first.
+void RowList::EnsureLayout()
+{
+    if (size() != m_LayoutSize)
+        Relayout();
+}
+
+short RowList::VisibleRowCount() const
+{
+    const int border = BorderWidth();
+    return static_cast<short>(std::max(0, height() - 2 * border) / RowHeight());
+}
+
 void RowList::Relayout()
 {
+    m_LayoutSize = size();
     const int border = BorderWidth();
     const QRect inner = rect().adjusted(border, border, -border, -border);
     const int height = std::max(0, inner.height());
@@ -849,6 +875,7 @@ void RowList::setEventPump(EventPump pump)
 
 void RowList::SurfaceMouseDown(int button, int shift, float x, float y)
 {
+    EnsureLayout();
     m_PressButton = button;
     if (button != 2) {
         const int row = RowAt(y);
@@ -870,6 +897,9 @@ void RowList::SurfaceMouseDown(int button, int shift, float x, float y)
 
 void RowList::SurfaceMouseMove(int button, int shift, float x, float y)
 {
+    EnsureLayout();
+    // Every move counts for a running auto-scroll loop, which watches PointerY to leave.
+    m_PointerY = static_cast<int>(std::lround(y));
     const float h = static_cast<float>(RowHeight());
     if (y < 0.0f) {
         ScrollUpwards(y);
@@ -949,6 +979,7 @@ void RowList::StepAutoScroll(bool upwards)
 
 void RowList::SurfaceKeyDown(int keyCode, int shift)
 {
+    EnsureLayout();
     if (m_ListCount > 0) {
         const int count = m_ListCount;
         const int rows = m_VisibleRowCount;
@@ -1180,7 +1211,8 @@ void RowList::WriteProperties(QVariantMap &bag) const
     put("Focus", m_Focus, true);
     put("HoverSelection", m_HoverSelection, false);
     put("WordWrap", m_WordWrap, true);
-    put("ItemHeight", m_ItemHeight, short(0));
+    if (!m_ItemHeightAuto) // otherwise the font decides
+        put("ItemHeight", m_ItemHeight, short(0));
     put("ItemHeightAuto", m_ItemHeightAuto, true);
     put("ItemOffset", m_ItemOffset, short(0));
     put("ItemTextLeft", m_ItemTextLeft, short(2));

@@ -119,7 +119,7 @@ public:
     void setListIndex(int value);
     short TopIndex() const;
     void setTopIndex(int value);
-    short VisibleRowCount() const { return m_VisibleRowCount; }
+    short VisibleRowCount() const;
 
     QString ItemText(int index) const;
     void setItemText(int index, const QString &text);
@@ -214,6 +214,7 @@ private:
     void CheckIndex(int index) const;
     void ResolveColors();
     void Relayout();
+    void EnsureLayout();
     void UpdateScrollRange();
     void UpdateItemHeightFromFont();
     int RowHeight() const;
@@ -294,6 +295,7 @@ private:
     bool m_Dragging = false;
     int m_PointerY = 0;
     unsigned short m_VisibleRowCount = 0;
+    QSize m_LayoutSize;
     bool m_AutoScrolling = false;
     int m_PressButton = 0;
 
