@@ -1,0 +1,207 @@
+#include "charts/CumulativeFrequency.h"
+
+#include "charts/Drawings.h"
+#include "charts/GroupedFrame.h"
+#include "common/RunTimeError.h"
+
+#include <cmath>
+
+namespace zrt {
+
+namespace {
+
+constexpr OleColor DisabledGrey = RGB(97, 97, 97);
+
+// --- the two tables
+
+// One table: its class column starts at x, its frame at e.
+struct TableColumn {
+    int x = 0;
+    int e = 0;
+    int c = 0; // width of the last class label
+};
+
+// The frame of one table, its header fill, the divider and the two headers.
+void DrawTableFrame(ChartFrame &f, const ClassTable &t, const TableColumn &col, const QString &valueHeader)
+{
+    const int bottom = TableBottom(f, t);
+    const int e = Drawings::MeasureFont(18, 0, valueHeader);
+    const int right = col.c + col.x + 30 + e;
+    f.Line(col.e, 15, col.e, bottom);
+    f.Line(right, 15, right, bottom);
+    f.Line(col.e, 15, right, 15);
+    const int header = Pos(f.h() * 0.1);
+    f.Line(col.e, header, right, header);
+    f.Line(col.e, bottom, right, bottom);
+    f.Fill(col.x, Pos(f.h() * 0.07), HeaderFillColour);
+
+    f.Line(col.c + col.x + 5, 15, col.c + col.x + 5, bottom);
+    f.Label(Pos(f.w() * 0.01 + col.x), 15, QStringLiteral("Time (t)"), 20, 0, 1);
+    f.Label(col.c + col.x + 15, 15, valueHeader, 18, 0, 1);
+}
+
+void DrawFrequencyTable(ChartFrame &f, const ClassTable &t)
+{
+    const int g = t.rowHeight;
+    TableColumn col{Pos(f.w() * 0.05), Pos(f.w() * 0.02), 0};
+    f.ForeColor(DisabledGrey);
+    f.DrawWidth(1);
+    for (size_t i = 0; i < t.rows.size(); ++i) {
+        const double top = RowTop(f, g, static_cast<int>(i));
+        DrawClassLabel(f, LabelLeft(col.x, t.rows[i].stem, g), Pos(top), col.x,
+                       QString::fromStdString(t.rows[i].label), g, false, 0);
+    }
+    f.ForeColor(0);
+    f.DrawWidth(2);
+    col.c = Drawings::MeasureFont(g, 0, LastLabel(t, false));
+    DrawTableFrame(f, t, col, QStringLiteral(" Freq "));
+    for (size_t i = 0; i < t.rows.size(); ++i)
+        f.Label(col.c + col.x + 30, Pos(RowTop(f, g, static_cast<int>(i))), QString::number(t.rows[i].frequency),
+                g, 0, 0, false, false);
+}
+
+void DrawCumulativeTable(ChartFrame &f, const ClassTable &t, bool showCF)
+{
+    const int g = t.rowHeight;
+    TableColumn col{Pos(f.w() * 0.58), Pos(f.w() * 0.55), 0};
+    f.DrawWidth(1);
+    for (size_t i = 0; i < t.rows.size(); ++i)
+        DrawClassLabel(f, col.x, Pos(RowTop(f, g, static_cast<int>(i))), col.x,
+                       QString::fromStdString(t.rows[i].cumulativeLabel), g, true, 0);
+    f.DrawWidth(2);
+    col.c = Drawings::MeasureFont(g, 0, LastLabel(t, true));
+    DrawTableFrame(f, t, col, QStringLiteral("   CF   "));
+    if (!showCF)
+        return;
+    f.ForeColor(AnswerColour);
+    for (size_t i = 0; i < t.rows.size(); ++i)
+        f.Label(col.c + col.x + 30, Pos(RowTop(f, g, static_cast<int>(i))), QString::number(t.rows[i].cumulative),
+                g, AnswerColour);
+}
+
+// --- the plot
+
+class CFPlot {
+public:
+    CFPlot(ChartFrame &f, const ClassTable &t) : m_f(f), m_t(t)
+    {
+        m_total = t.rows.empty() ? 0 : t.rows.back().cumulative;
+        m_v = (f.h() - 2 * m) / (m_total + 1);
+        m_xEnd = (t.highestStem + 1) * 10;
+        m_p = m_xEnd == 0 ? 0 : (f.w() - 2 * m) / m_xEnd;
+    }
+
+    void DrawAxes()
+    {
+        const int w = m_f.w();
+        const int h = m_f.h();
+        m_f.MoveTo(m, m);
+        m_f.LineTo(m, h - m);
+        m_f.LineTo(w - m, h - m);
+        for (int k = 0; k <= m_total + 1; ++k) {
+            const int y = h - m - m_v * k;
+            m_f.Line(m, y, m - 3, y);
+            m_f.Label(k < 10 ? m - 10 : m - 20, y - 6, QString::number(k), 16);
+        }
+        for (int k = 10; k <= m_xEnd; k += 10) {
+            const int x = m_p * k + m;
+            m_f.Line(x, h - m, x, h - m + 3);
+            m_f.Label(x - 10, h - m + 3, QString::number(k), 16);
+        }
+        m_f.Label(m - 10, m - 20, QStringLiteral("CF"), 18);
+        const int width = Drawings::MeasureFont(16, 0, QStringLiteral("time(t)"));
+        m_f.Label(w - width - 15, h - 20, QStringLiteral("time(t)"), 18);
+    }
+
+    // Circles filled green, joined in order, and the segment from the lowest class's lower bound.
+    void DrawCurve()
+    {
+        m_f.DrawWidth(1);
+        QPoint previous;
+        for (size_t i = 0; i < m_t.rows.size(); ++i) {
+            const QPoint at = PointOf(m_t.rows[i]);
+            m_f.surface().Ellipse(at.x() - 3, at.y() - 3, at.x() + 3, at.y() + 3);
+            m_f.Fill(at.x(), at.y(), CurvePointColour);
+            if (i > 0)
+                m_f.Line(at.x(), at.y(), previous.x(), previous.y());
+            previous = at;
+        }
+        if (!m_t.rows.empty()) {
+            const QPoint first = PointOf(m_t.rows.front());
+            m_f.Line(m_t.lowestStem * 10 * m_p + m, m_f.h() - m, first.x(), first.y());
+        }
+    }
+
+    // Median, lower and upper quartile, each found by looking along its row for the curve.
+    void DrawReadingLines()
+    {
+        m_f.ForeColor(AnswerColour);
+        m_f.surface().SetDrawStyle(2);
+        for (double target : {m_total / 2.0, m_total / 4.0, m_total * 0.75})
+            DrawReadingLine(target);
+    }
+
+private:
+    // The point of a class: its upper bound across, its cumulative frequency up.
+    QPoint PointOf(const ClassRow &row) const
+    {
+        return QPoint(mulInt32(mulInt32(row.stem + 1, 10), m_p) + m, m_f.h() - m - mulInt32(row.cumulative, m_v));
+    }
+
+    void DrawReadingLine(double target)
+    {
+        const int h = m_f.h();
+        const int y = Pos(h - m - target * m_v);
+        m_f.MoveTo(m, y);
+        int x = m + 3;
+        while (x <= m_f.w() && m_f.surface().PixelAt(x, y) != 0)
+            ++x;
+        if (x > m_f.w())
+            return;
+        m_f.LineTo(x, y);
+        m_f.LineTo(x, Pos(m / 2.0 + h - m));
+        if (m_p == 0)
+            raise(ErrDivisionByZero);
+        const int q = Pos(static_cast<double>(x - m) / m_p);
+        m_f.Label(x, Pos(h - m * 0.45), QString::number(q), 16, AnswerColour);
+    }
+
+    static constexpr int m = CFPlotMargin;
+    ChartFrame &m_f;
+    const ClassTable &m_t;
+    int m_total = 0; // T, the last cumulative frequency
+    int m_v = 0;     // pixels per unit of cumulative frequency
+    int m_xEnd = 0;  // the scale's end in hundredths
+    int m_p = 0;     // pixels per hundredth
+};
+
+} // namespace
+
+void DrawCFTable(PictureBox &pCF, std::vector<int> &groupedData, bool showCF)
+{
+    ChartFrame f(pCF, 3, false);
+    const ClassTable t = BuildClassTable(groupedData);
+    f.ForeColor(0);
+    DrawFrequencyTable(f, t);
+    DrawCumulativeTable(f, t, showCF);
+    f.Finish();
+}
+
+void DrawCFPlot(PictureBox &ppCF, std::vector<int> &groupedData, bool showPlot, bool showQuartiles)
+{
+    ChartFrame f(ppCF, 3, false);
+    const ClassTable t = BuildClassTable(groupedData);
+    f.ForeColor(0);
+    ppCF.SetDrawStyle(0);
+    CFPlot plot(f, t);
+    plot.DrawAxes();
+    if (showPlot) {
+        plot.DrawCurve();
+        if (showQuartiles)
+            plot.DrawReadingLines();
+    }
+    f.Finish();
+    ppCF.Refresh();
+}
+
+} // namespace zrt

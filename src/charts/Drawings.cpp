@@ -1,0 +1,106 @@
+#include "charts/Drawings.h"
+
+#include "charts/PictureBox.h"
+
+#include <QFontDatabase>
+#include <QFontMetrics>
+#include <QPainter>
+
+#include <algorithm>
+
+using zrt::OleColor;
+using zrt::PictureBox;
+
+namespace Drawings {
+
+namespace {
+
+constexpr int TextFlags = Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine;
+
+// The 3D colours of the disabled look.
+constexpr OleColor Highlight3D = zrt::SystemColor(20);
+constexpr OleColor Shadow3D = zrt::SystemColor(16);
+
+int TextWidth(const QFont &font, const QString &text)
+{
+    // Measured against an image so that widths agree with what the surfaces draw.
+    static const QImage reference(1, 1, QImage::Format_RGB32);
+    return QFontMetrics(font, &reference).horizontalAdvance(text);
+}
+
+void PaintText(QImage &image, int x, int y, const QString &text, const QFont &font, const QColor &colour,
+               int escapement)
+{
+    QPainter painter(&image);
+    painter.setFont(font);
+    painter.setPen(colour);
+    painter.translate(x, y);
+    if (escapement != 0)
+        painter.rotate(-escapement / 10.0); // tenths of a degree, anticlockwise
+    painter.drawText(QRect(0, 0, 32767, 32767), TextFlags | Qt::TextShowMnemonic, text);
+}
+
+} // namespace
+
+QString LabelFamily()
+{
+    static const QString family = [] {
+        const QStringList installed = QFontDatabase::families();
+        for (const char *candidate : {"Arial", "Liberation Sans", "Arimo", "Helvetica"})
+            if (installed.contains(QString::fromLatin1(candidate), Qt::CaseInsensitive))
+                return QString::fromLatin1(candidate);
+        return QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
+    }();
+    return family;
+}
+
+QFont LabelFont(int height, int width, int weight, bool italic, bool underline, int escapement)
+{
+    Q_UNUSED(escapement) // rotation belongs to the painter, not to the font
+    QFont font(LabelFamily());
+    font.setPixelSize(height == 0 ? 16 : std::abs(height));
+    font.setWeight(weight == 0 ? QFont::Normal : static_cast<QFont::Weight>(std::clamp(weight, 1, 1000)));
+    font.setItalic(italic);
+    font.setUnderline(underline);
+    font.setKerning(false);
+    if (width > 0) {
+        // The width is the average character width: stretch the face to reach it.
+        static const QImage reference(1, 1, QImage::Format_RGB32);
+        const int natural = QFontMetrics(font, &reference).averageCharWidth();
+        if (natural > 0)
+            font.setStretch(std::clamp(width * 100 / natural, 1, 4000));
+    }
+    return font;
+}
+
+int DrawLabel(PictureBox *device, int x, int y, const QString &text, bool enabled, OleColor colour, int weight,
+              int italic, int underline, int height, int width, int escapement)
+{
+    if (device == nullptr)
+        return 0;
+    const QFont font = LabelFont(height, width, weight, italic != 0, underline != 0, escapement);
+    const QFont previousFont = device->SelectFont(font);
+    const OleColor previousColour = device->SetTextColor(colour);
+    QImage &canvas = device->Canvas();
+    if (enabled) {
+        PaintText(canvas, x, y, text, font, zrt::TranslateColor(colour), escapement);
+    } else {
+        PaintText(canvas, x + 1, y + 1, text, font, zrt::TranslateColor(Highlight3D), escapement);
+        PaintText(canvas, x, y, text, font, zrt::TranslateColor(Shadow3D), escapement);
+    }
+    device->SetTextColor(previousColour);
+    device->SelectFont(previousFont);
+    return 1;
+}
+
+int MeasureLabel(const PictureBox &device, const QString &text)
+{
+    return TextWidth(device.CurrentFont(), text) + 1;
+}
+
+int MeasureFont(int height, int width, const QString &text)
+{
+    return TextWidth(LabelFont(height, width, 1, false, false, 0), text) + 1;
+}
+
+} // namespace Drawings

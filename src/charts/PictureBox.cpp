@@ -1,0 +1,248 @@
+#include "charts/PictureBox.h"
+
+#include "charts/FloodFill.h"
+#include "common/RunTimeError.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPen>
+
+#include <algorithm>
+#include <cmath>
+
+namespace zrt {
+
+PictureBox::PictureBox(QWidget *parent) : QWidget(parent)
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+// --- retained surface
+
+void PictureBox::Cls()
+{
+    fitCanvas();
+    m_image.fill(TranslateColor(m_backColor));
+    m_current = QPoint(0, 0);
+}
+
+void PictureBox::Refresh() { repaint(); }
+
+qint32 PictureBox::Point(double x, double y) const
+{
+    const double perPixel = m_scaleMode == Twips ? TwipsPerPixel : 1.0;
+    return PixelAt(static_cast<int>(std::floor(x / perPixel)), static_cast<int>(std::floor(y / perPixel)));
+}
+
+qint32 PictureBox::PixelAt(int x, int y) const
+{
+    fitCanvas();
+    if (x < 0 || y < 0 || x >= m_image.width() || y >= m_image.height())
+        return -1;
+    return static_cast<qint32>(ToOleColor(QColor(m_image.pixel(x, y))));
+}
+
+const QImage &PictureBox::Image() const
+{
+    fitCanvas();
+    return m_image;
+}
+
+QImage &PictureBox::Canvas()
+{
+    fitCanvas();
+    return m_image;
+}
+
+// --- properties
+
+void PictureBox::SetScaleMode(int mode)
+{
+    if (mode != Twips && mode != Pixels)
+        zrt::raise(ErrInvalidPropertyIndex);
+    m_scaleMode = mode;
+}
+
+double PictureBox::ScaleWidth() const { return toScale(ClientSize().width()); }
+
+double PictureBox::ScaleHeight() const { return toScale(ClientSize().height()); }
+
+void PictureBox::SetDrawWidth(int width)
+{
+    if (width < 1 || width > 32767)
+        zrt::raise(ErrInvalidPropertyIndex);
+    m_drawWidth = width;
+}
+
+void PictureBox::SetDrawStyle(int style)
+{
+    if (style < 0 || style > 6)
+        zrt::raise(ErrInvalidPropertyIndex);
+    m_drawStyle = style;
+}
+
+void PictureBox::SetFillStyle(int style)
+{
+    if (style < 0 || style > 7)
+        zrt::raise(ErrInvalidPropertyIndex);
+    m_fillStyle = style;
+}
+
+void PictureBox::SetBackColor(OleColor colour)
+{
+    m_backColor = colour;
+    Cls();
+    update();
+}
+
+void PictureBox::SetBorderStyle(int style)
+{
+    if (style != 0 && style != 1)
+        zrt::raise(ErrInvalidPropertyIndex);
+    m_borderStyle = style;
+    fitCanvas();
+    update();
+}
+
+QSize PictureBox::ClientSize() const
+{
+    const int b = borderWidth();
+    return QSize(std::max(0, width() - 2 * b), std::max(0, height() - 2 * b));
+}
+
+// --- device calls
+
+void PictureBox::MoveToEx(int x, int y) { m_current = QPoint(x, y); }
+
+void PictureBox::LineTo(int x, int y)
+{
+    fitCanvas();
+    QPainter painter(&m_image);
+    painter.setPen(currentPen());
+    if (m_current == QPoint(x, y))
+        painter.drawPoint(m_current);
+    else
+        painter.drawLine(m_current, QPoint(x, y));
+    m_current = QPoint(x, y);
+}
+
+void PictureBox::Ellipse(int left, int top, int right, int bottom)
+{
+    fitCanvas();
+    if (right - left < 2 || bottom - top < 2)
+        return;
+    QPainter painter(&m_image);
+    painter.setPen(currentPen());
+    painter.setBrush(currentBrush());
+    // An aliased one-pixel outline of a w x h rectangle covers w + 1 pixels: the box's right
+    // and bottom edges stay outside.
+    painter.drawEllipse(QRect(left, top, right - left - 1, bottom - top - 1));
+}
+
+bool PictureBox::ExtFloodFill(int x, int y, OleColor colour, int fillType)
+{
+    fitCanvas();
+    const FloodKind kind = fillType == FloodFillSurface ? FloodKind::Surface : FloodKind::Border;
+    return FloodFill(m_image, x, y, TranslateColor(colour).rgb(), kind, currentBrush());
+}
+
+QFont PictureBox::SelectFont(const QFont &font)
+{
+    QFont previous = m_font;
+    m_font = font;
+    return previous;
+}
+
+OleColor PictureBox::SetTextColor(OleColor colour)
+{
+    const OleColor previous = m_textColor;
+    m_textColor = colour;
+    return previous;
+}
+
+// --- events
+
+void PictureBox::paintEvent(QPaintEvent *)
+{
+    fitCanvas();
+    QPainter painter(this);
+    const int b = borderWidth();
+    painter.drawImage(b, b, m_image);
+    if (b > 0)
+        paintBorder(painter);
+}
+
+void PictureBox::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    fitCanvas();
+    Q_EMIT Resize();
+}
+
+void PictureBox::mousePressEvent(QMouseEvent *event)
+{
+    const QPoint at = event->position().toPoint() - QPoint(borderWidth(), borderWidth());
+    Q_EMIT MouseDown(event->button(), event->modifiers(), toScale(at.x()), toScale(at.y()));
+}
+
+// --- helpers
+
+int PictureBox::borderWidth() const { return m_borderStyle == 1 ? 2 : 0; }
+
+void PictureBox::fitCanvas() const
+{
+    const QSize client = ClientSize();
+    if (m_image.size() == client && m_image.format() == QImage::Format_RGB32)
+        return;
+    QImage grown(client, QImage::Format_RGB32);
+    grown.fill(TranslateColor(m_backColor));
+    if (!m_image.isNull()) {
+        QPainter painter(&grown);
+        painter.drawImage(0, 0, m_image);
+    }
+    m_image = grown;
+}
+
+double PictureBox::toScale(int pixels) const
+{
+    return m_scaleMode == Twips ? static_cast<double>(pixels) * TwipsPerPixel : pixels;
+}
+
+QPen PictureBox::currentPen() const
+{
+    static constexpr Qt::PenStyle styles[] = {Qt::SolidLine,      Qt::DashLine, Qt::DotLine,  Qt::DashDotLine,
+                                              Qt::DashDotDotLine, Qt::NoPen,    Qt::SolidLine};
+    QPen pen(TranslateColor(m_foreColor));
+    pen.setWidth(m_drawWidth);
+    pen.setStyle(styles[m_drawStyle]);
+    pen.setCapStyle(Qt::RoundCap);
+    pen.setJoinStyle(Qt::RoundJoin);
+    return pen;
+}
+
+QBrush PictureBox::currentBrush() const
+{
+    static constexpr Qt::BrushStyle styles[] = {Qt::SolidPattern, Qt::NoBrush,       Qt::HorPattern,
+                                                Qt::VerPattern,   Qt::FDiagPattern,  Qt::BDiagPattern,
+                                                Qt::CrossPattern, Qt::DiagCrossPattern};
+    return QBrush(TranslateColor(m_fillColor), styles[m_fillStyle]);
+}
+
+void PictureBox::paintBorder(QPainter &painter) const
+{
+    const QRect r = rect();
+    painter.setPen(TranslateColor(SystemColor(16)));
+    painter.drawLine(r.left(), r.top(), r.right() - 1, r.top());
+    painter.drawLine(r.left(), r.top(), r.left(), r.bottom() - 1);
+    painter.setPen(TranslateColor(SystemColor(21)));
+    painter.drawLine(r.left() + 1, r.top() + 1, r.right() - 2, r.top() + 1);
+    painter.drawLine(r.left() + 1, r.top() + 1, r.left() + 1, r.bottom() - 2);
+    painter.setPen(TranslateColor(SystemColor(20)));
+    painter.drawLine(r.left(), r.bottom(), r.right(), r.bottom());
+    painter.drawLine(r.right(), r.top(), r.right(), r.bottom());
+    painter.setPen(TranslateColor(SystemColor(22)));
+    painter.drawLine(r.left() + 1, r.bottom() - 1, r.right() - 1, r.bottom() - 1);
+    painter.drawLine(r.right() - 1, r.top() + 1, r.right() - 1, r.bottom() - 1);
+}
+
+} // namespace zrt

@@ -1,0 +1,121 @@
+#pragma once
+// A picture surface with retained drawing: everything is painted into an image that outlives
+// paint events, and a paint event only shows that image. Drawing happens when a chart routine
+// runs; Refresh shows the result at once.
+//
+// Two coordinate worlds, as on the surfaces the charts were designed for:
+//  - the device calls (MoveToEx, LineTo, Ellipse, ExtFloodFill, text) always work in pixels of
+//    the client image, with the pen that ForeColor, DrawWidth and DrawStyle make and the brush
+//    that FillColor and FillStyle make;
+//  - ScaleWidth, ScaleHeight, Point and the mouse signal speak the current ScaleMode
+//    (1 twips, 15 per pixel; 3 pixels).
+// Lines are drawn without antialiasing so that Point reads back exactly the painted colour.
+
+#include "toolbar/GraphicsBas1.h"
+
+#include <QFont>
+#include <QImage>
+#include <QPoint>
+#include <QPointF>
+#include <QWidget>
+
+namespace zrt {
+
+class PictureBox : public QWidget {
+    Q_OBJECT
+
+public:
+    static constexpr int Twips = 1;
+    static constexpr int Pixels = 3;
+    static constexpr int TwipsPerPixel = 15;
+
+    // FillStyle values of the brush; ExtFloodFill types.
+    static constexpr int FillSolid = 0;
+    static constexpr int FillTransparent = 1;
+    static constexpr int FloodFillBorder = 0;
+    static constexpr int FloodFillSurface = 1;
+
+    explicit PictureBox(QWidget *parent = nullptr);
+
+    // --- retained surface
+    void Cls();     // clears to BackColor and moves the current point to (0, 0)
+    void Refresh(); // repaints now
+    // Colour of the pixel under (x, y) in ScaleMode units as 0x00BBGGRR; -1 off the surface.
+    qint32 Point(double x, double y) const;
+    qint32 PixelAt(int x, int y) const; // the same in pixels
+    const QImage &Image() const;
+    QImage &Canvas(); // for the text routines that paint into the surface
+
+    // --- properties
+    int ScaleMode() const { return m_scaleMode; }
+    void SetScaleMode(int mode);
+    double ScaleWidth() const;
+    double ScaleHeight() const;
+    int DrawWidth() const { return m_drawWidth; }
+    void SetDrawWidth(int width);
+    int DrawStyle() const { return m_drawStyle; }
+    void SetDrawStyle(int style);
+    OleColor ForeColor() const { return m_foreColor; }
+    void SetForeColor(OleColor colour) { m_foreColor = colour; }
+    OleColor FillColor() const { return m_fillColor; }
+    void SetFillColor(OleColor colour) { m_fillColor = colour; }
+    int FillStyle() const { return m_fillStyle; }
+    void SetFillStyle(int style);
+    OleColor BackColor() const { return m_backColor; }
+    void SetBackColor(OleColor colour); // clears, as a new background does
+    int BorderStyle() const { return m_borderStyle; }
+    void SetBorderStyle(int style); // 0 none, 1 a sunken 2-pixel border
+
+    // The outer size in pixels, border included: what the charts take their geometry from.
+    QSize WindowRectSize() const { return size(); }
+    // The client image size in pixels.
+    QSize ClientSize() const;
+
+    // --- device calls, in pixels
+    void MoveToEx(int x, int y);
+    void LineTo(int x, int y); // from the current point, which moves to (x, y)
+    QPoint CurrentPosition() const { return m_current; }
+    // The ellipse inside the box; right and bottom are outside it, as the platform's own.
+    void Ellipse(int left, int top, int right, int bottom);
+    // FloodFillBorder: from the seed, every pixel up to the border colour; FloodFillSurface:
+    // the seed's colour region. Filled with the brush. False when the seed cannot start a fill.
+    bool ExtFloodFill(int x, int y, OleColor colour, int fillType);
+    // The font and text colour selected into the device, used by the text routines.
+    QFont SelectFont(const QFont &font); // returns the previous font
+    const QFont &CurrentFont() const { return m_font; }
+    OleColor SetTextColor(OleColor colour); // returns the previous colour
+    OleColor TextColor() const { return m_textColor; }
+
+Q_SIGNALS:
+    void Resize();
+    // Button as Qt gives it; x and y in the current ScaleMode.
+    void MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers shift, double x, double y);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+
+private:
+    int borderWidth() const;
+    void fitCanvas() const; // keeps the image at the client size, contents kept
+    double toScale(int pixels) const;
+    QPen currentPen() const;
+    QBrush currentBrush() const;
+    void paintBorder(QPainter &painter) const;
+
+    mutable QImage m_image;
+    int m_scaleMode = Twips;
+    int m_drawWidth = 1;
+    int m_drawStyle = 0;
+    OleColor m_foreColor = SystemColor(18); // button text
+    OleColor m_fillColor = 0;
+    int m_fillStyle = FillTransparent;
+    OleColor m_backColor = SystemColor(15); // button face
+    int m_borderStyle = 0;
+    QPoint m_current;
+    QFont m_font;
+    OleColor m_textColor = 0;
+};
+
+} // namespace zrt

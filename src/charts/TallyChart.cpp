@@ -1,0 +1,68 @@
+#include "charts/TallyChart.h"
+
+#include "charts/Drawings.h"
+#include "charts/GroupedFrame.h"
+
+namespace zrt {
+
+std::string TallyText(int frequency)
+{
+    std::string text;
+    for (int k = 0; k < frequency / 5; ++k)
+        text += "llll ";
+    text.append(static_cast<size_t>(frequency % 5), 'l');
+    return text;
+}
+
+namespace {
+
+// One row's marks: the tally text, then a stroke across each group of four.
+void DrawMarks(ChartFrame &f, double left, double top, int g, int frequency)
+{
+    f.Label(Pos(left), Pos(top), QString::fromStdString(TallyText(frequency)), g, AnswerColour);
+    const int gates = frequency / 5;
+    if (gates <= 0)
+        return;
+    const int u = Drawings::MeasureFont(g, 0, QStringLiteral("llll "));
+    for (int k = 1; k <= gates; ++k) {
+        const double x = left + static_cast<double>(k - 1) * u;
+        f.Line(Pos(x), Pos(top + g * 0.8), Pos(x + u * 0.6), Pos(top + g * 0.1));
+    }
+}
+
+} // namespace
+
+void DrawTally(PictureBox &ptally, std::vector<int> &groupedData, bool showTally)
+{
+    ChartFrame f(ptally, 3, false);
+    const ClassTable t = BuildClassTable(groupedData);
+    f.ForeColor(0);
+    const int w = f.w();
+    const int g = t.rowHeight;
+    const int bottom = TableBottom(f, t);
+    DrawClassColumnAndFrame(f, t);
+    f.Label(Pos(w * 0.06), 15, QStringLiteral("Time (t)"), 20, 0, 1);
+
+    const int c = Drawings::MeasureFont(g, 0, LastLabel(t, false));
+    const int tallyDivider = Pos(w * 0.05 + c + 5.0);
+    f.Line(tallyDivider, 15, tallyDivider, bottom);
+    const double tallyLeft = w * 0.05 + c + 15.0;
+    f.Label(Pos(tallyLeft), 15, QStringLiteral("Tally"), 20, 0, 1);
+
+    const int e = Drawings::MeasureFont(20, 0, QStringLiteral("Frequency"));
+    f.Label(Pos(w - w * 0.04 - e), 15, QStringLiteral("Frequency"), 20, 0, 0);
+    const int frequencyDivider = Pos(w - w * 0.04 - e - 15.0);
+    f.Line(frequencyDivider, 15, frequencyDivider, bottom);
+
+    if (showTally) {
+        f.ForeColor(AnswerColour);
+        for (size_t i = 0; i < t.rows.size(); ++i)
+            f.Label(Pos(w - w * 0.04 - e + 15.0), Pos(RowTop(f, g, static_cast<int>(i))),
+                    QString::number(t.rows[i].frequency), g, AnswerColour);
+        for (size_t i = 0; i < t.rows.size(); ++i)
+            DrawMarks(f, tallyLeft, RowTop(f, g, static_cast<int>(i)), g, t.rows[i].frequency);
+    }
+    f.Finish();
+}
+
+} // namespace zrt

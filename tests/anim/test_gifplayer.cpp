@@ -1,0 +1,338 @@
+// The ucGifPlayer control, offscreen: timers fired by hand, paints counted as they happen.
+
+#include "GifTestSupport.h"
+
+#include "anim/ucGifPlayer.h"
+
+#include <QSignalSpy>
+#include <QTest>
+#include <gtest/gtest.h>
+
+using namespace zrt;
+using namespace giftest;
+
+namespace {
+
+// Records the frame each paint of the watched control showed.
+class PaintLog : public QObject {
+public:
+    explicit PaintLog(ucGifPlayer *player) : m_player(player) { player->installEventFilter(this); }
+    std::vector<int> frames;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (watched == m_player && event->type() == QEvent::Paint)
+            frames.push_back(m_player->CurrentFrame());
+        return false;
+    }
+
+private:
+    ucGifPlayer *m_player;
+};
+
+class GifPlayerTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        host.resize(600, 500);
+        host.show();
+        player = new ucGifPlayer(&host);
+        player->setGeometry(10, 10, 200, 200);
+        player->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&host));
+    }
+
+    // Loads and finishes the delayed build, as the main form's stored "DelayLoad" 2 does.
+    void LoadStill(const QByteArray &bytes)
+    {
+        player->setDelayAnimation(2);
+        ASSERT_TRUE(player->LoadAnimatedGIF_Array(bytes));
+        player->FireBuildTimer();
+    }
+
+    QWidget host;
+    ucGifPlayer *player = nullptr;
+};
+
+} // namespace
+
+TEST_F(GifPlayerTest, DelayedBuildShowsFrameOneThenBuildsTheRestAndPlays)
+{
+    ASSERT_TRUE(player->LoadAnimatedGIF_Array(SolidFrames(3, 20, 10, 10)));
+    EXPECT_EQ(player->CurrentFrame(), 1);
+    EXPECT_TRUE(player->BuildTimerPending());
+    EXPECT_EQ(player->Action(), 1);
+    EXPECT_EQ(player->Strip().Image().pixelIndex(25, 0), 0); // frame 2 not built yet
+    player->FireBuildTimer();
+    EXPECT_EQ(player->Strip().Image().pixelIndex(25, 0), 2);
+    EXPECT_TRUE(player->FrameTimerPending());
+    EXPECT_EQ(player->FrameTimerInterval(), 100);
+    player->FireFrameTimer();
+    EXPECT_EQ(player->CurrentFrame(), 2);
+}
+
+TEST_F(GifPlayerTest, DelayAnimationZeroBuildsAtOnceAndTwoNeverStartsByItself)
+{
+    player->setDelayAnimation(0);
+    ASSERT_TRUE(player->LoadAnimatedGIF_Array(SolidFrames(3, 20, 10)));
+    EXPECT_FALSE(player->BuildTimerPending());
+    EXPECT_TRUE(player->FrameTimerPending());
+
+    LoadStill(SolidFrames(3, 20, 10));
+    EXPECT_EQ(player->Action(), 0);
+    EXPECT_FALSE(player->FrameTimerPending());
+}
+
+TEST_F(GifPlayerTest, ActionStepsRepaintBeforeTheWriteReturns)
+{
+    LoadStill(SolidFrames(3, 20, 10));
+    PaintLog log(player);
+    player->setAction(3);
+    player->setAction(3);
+    EXPECT_EQ(log.frames, (std::vector<int>{2, 3}));
+    player->setAction(3); // past the last frame: back to frame 1, paused
+    EXPECT_EQ(player->CurrentFrame(), 1);
+    EXPECT_EQ(player->Action(), 2);
+    player->setAction(0); // already at frame 1, still painted
+    EXPECT_EQ(log.frames, (std::vector<int>{2, 3, 1, 1}));
+    EXPECT_EQ(player->Action(), 0);
+    player->setAction(4);
+    EXPECT_EQ(log.frames.back(), 1);
+    EXPECT_EQ(player->Action(), 1);
+    player->setAction(2);
+    EXPECT_EQ(player->Action(), 2);
+    EXPECT_FALSE(player->FrameTimerPending());
+    player->setAction(7);
+    EXPECT_EQ(player->Action(), 2);
+}
+
+TEST_F(GifPlayerTest, ASingleFrameNeverGetsAFrameTimer)
+{
+    LoadStill(Fixture("one_frame.gif"));
+    QSignalSpy ended(player, &ucGifPlayer::LoopsEnded);
+    player->setAction(1);
+    EXPECT_EQ(player->Action(), 0);
+    player->setAction(4);
+    EXPECT_EQ(player->Action(), 0);
+    EXPECT_FALSE(player->FrameTimerPending());
+    EXPECT_EQ(ended.count(), 0);
+    EXPECT_EQ(player->Strip().Image().width(), 50);
+    EXPECT_FALSE(player->HasCanvas());
+}
+
+TEST_F(GifPlayerTest, LoopsEndOnFrameOneAfterItIsPainted)
+{
+    LoadStill(SolidFrames(3, 20, 10, 10, 2));
+    EXPECT_EQ(player->Loops(), 2);
+    PaintLog log(player);
+    int paintedBeforeEnd = -1;
+    QObject::connect(player, &ucGifPlayer::LoopsEnded, [&] { paintedBeforeEnd = log.frames.back(); });
+    player->setAction(4);
+    int fired = 0;
+    while (player->FrameTimerPending() && fired < 20) {
+        player->FireFrameTimer();
+        ++fired;
+    }
+    EXPECT_EQ(fired, 6);
+    EXPECT_EQ(paintedBeforeEnd, 1);
+    EXPECT_EQ(player->CurrentFrame(), 1);
+    EXPECT_EQ(player->Action(), 0);
+    EXPECT_EQ(player->LoopsDone(), 0);
+    EXPECT_EQ(player->LoopsRemaining(), 2);
+}
+
+TEST_F(GifPlayerTest, LoopsWrittenBeforeALoadAreLostAndAfterItHold)
+{
+    player->setLoops(-5);
+    EXPECT_EQ(player->Loops(), 5);
+    LoadStill(SolidFrames(2, 4, 4));
+    EXPECT_EQ(player->Loops(), 0);
+    EXPECT_EQ(player->LoopsRemaining(), 0);
+    player->setLoops(1);
+    EXPECT_EQ(player->LoopsRemaining(), 1);
+    player->setAction(4);
+    player->FireFrameTimer();
+    player->FireFrameTimer();
+    EXPECT_EQ(player->Action(), 0);
+    player->LoadAnimatedGIF_Array(QByteArray("not a gif"));
+    EXPECT_EQ(player->LoopsRemaining(), -1);
+    EXPECT_EQ(player->FrameCount(), 0);
+}
+
+TEST_F(GifPlayerTest, MinFrameDelayIsClampedAndWinsOverShorterDelays)
+{
+    player->setMinFrameDelay(3);
+    EXPECT_EQ(player->MinFrameDelay(), 10);
+    player->setMinFrameDelay(40000);
+    EXPECT_EQ(player->MinFrameDelay(), 32700);
+    player->setMinFrameDelay(100);
+    LoadStill(Asset("walker.gif")); // delay 0
+    player->setAction(4);
+    EXPECT_EQ(player->FrameTimerInterval(), 100);
+    player->setMinFrameDelay(10);
+    player->setAction(4);
+    EXPECT_EQ(player->FrameTimerInterval(), 10);
+}
+
+TEST_F(GifPlayerTest, EachInstanceHasItsOwnTimer)
+{
+    auto *other = new ucGifPlayer(&host);
+    other->show();
+    LoadStill(SolidFrames(3, 8, 8));
+    other->setDelayAnimation(2);
+    other->LoadAnimatedGIF_Array(SolidFrames(3, 8, 8));
+    other->FireBuildTimer();
+    player->setAction(4);
+    other->setAction(4);
+    player->FireFrameTimer();
+    player->FireFrameTimer();
+    EXPECT_EQ(player->CurrentFrame(), 3);
+    EXPECT_EQ(other->CurrentFrame(), 1);
+    other->setAction(2);
+    EXPECT_TRUE(player->FrameTimerPending());
+}
+
+TEST_F(GifPlayerTest, PlaysThroughARealEventLoop)
+{
+    player->setDelayAnimation(0);
+    player->setMinFrameDelay(10);
+    ASSERT_TRUE(player->LoadAnimatedGIF_Array(SolidFrames(3, 8, 8, 1)));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return player->CurrentFrame() == 3; }, 2000));
+}
+
+TEST_F(GifPlayerTest, StretchModesSizeTheControlWithTiesToEven)
+{
+    const QByteArray gif = SolidFrames(2, 10, 5);
+    player->resize(5, 100);
+    player->setStretch(1);
+    LoadStill(gif);
+    EXPECT_EQ(player->size(), QSize(5, 2)); // 2.5 rounds to 2
+    EXPECT_FLOAT_EQ(player->ScaleRatioX(), 0.5f);
+
+    player->resize(40, 40);
+    player->setStretch(3); // down only
+    EXPECT_EQ(player->size(), QSize(10, 5));
+    player->setStretch(2);
+    player->resize(30, 7);
+    EXPECT_EQ(player->size(), QSize(30, 7));
+    EXPECT_FLOAT_EQ(player->ScaleRatioX(), 3.0f);
+    player->setStretch(0);
+    player->resize(30, 3);
+    EXPECT_EQ(player->size(), QSize(10, 3));
+    player->setStretch(4);
+    EXPECT_EQ(player->size(), QSize(10, 5));
+    player->setStretch(5);
+    EXPECT_EQ(player->Stretch(), 4);
+}
+
+TEST_F(GifPlayerTest, AChangeOfStretchKeepsPausedAndPlayingStatesAndFrameCountIgnoresWrites)
+{
+    LoadStill(SolidFrames(3, 10, 5));
+    player->setAction(3); // paused on frame 2
+    PaintLog log(player);
+    player->setStretch(2);
+    EXPECT_EQ(player->CurrentFrame(), 2);
+    EXPECT_EQ(player->Action(), 2);
+    EXPECT_FALSE(log.frames.empty());
+    player->setAction(1);
+    player->setStretch(0);
+    EXPECT_EQ(player->Action(), 1);
+    EXPECT_TRUE(player->FrameTimerPending());
+    player->setFrameCount(9);
+    EXPECT_EQ(player->FrameCount(), 3);
+}
+
+TEST_F(GifPlayerTest, MirroringTwiceGivesTheFramesBack)
+{
+    LoadStill(Fixture("disposal_mix.gif"));
+    const QImage before = player->Strip().Image().copy();
+    const int left2 = player->Gif().Frame(2).Left;
+    player->setMirrored(3);
+    EXPECT_EQ(player->Mirrored(), 3);
+    EXPECT_NE(player->Strip().Image(), before);
+    player->setMirrored(0);
+    EXPECT_EQ(player->Strip().Image(), before);
+    EXPECT_EQ(player->Gif().Frame(2).Left, left2);
+    player->setMirrored(4);
+    EXPECT_EQ(player->Mirrored(), 0);
+}
+
+TEST_F(GifPlayerTest, MirroringStoredBeforeALoadIsAppliedOnceThroughTheDelayedBuild)
+{
+    const QByteArray bytes = SolidFrames(3, 10, 5);
+    player->setMirrored(1);
+    player->setDelayAnimation(2);
+    player->LoadAnimatedGIF_Array(bytes);
+    player->FireBuildTimer();
+    const Decoded plain = Decode(bytes);
+    const QImage turned = plain.strip.Image().copy(0, 0, 10, 5).mirrored(true, false);
+    EXPECT_EQ(player->Strip().Image().copy(0, 0, 10, 5).convertToFormat(QImage::Format_Grayscale8),
+              turned.convertToFormat(QImage::Format_Grayscale8));
+    EXPECT_EQ(player->Mirrored(), 1);
+}
+
+TEST_F(GifPlayerTest, SeeThroughPixelsShowTheContainerAndStillTakeTheMouse)
+{
+    host.setAutoFillBackground(true);
+    QPalette palette = host.palette();
+    palette.setColor(QPalette::Window, Qt::red);
+    host.setPalette(palette);
+    player->setStretch(4);
+    // Every frame disposed to the background: drawn straight on the container, no canvas.
+    LoadStill(Asset("character1.gif"));
+    ASSERT_FALSE(player->HasCanvas());
+    const Decoded d = Decode(Asset("character1.gif"));
+    QPoint clear(-1, -1);
+    for (int y = 20; y < d.gif.Frame(1).Height && clear.x() < 0; ++y)
+        for (int x = 20; x < d.gif.Frame(1).Width; ++x)
+            if (d.strip.Image().pixelIndex(x, y) == d.gif.Frame(1).TransparentIndex) {
+                clear = QPoint(x, y);
+                break;
+            }
+    ASSERT_GE(clear.x(), 0);
+    const QImage shot = host.grab().toImage();
+    EXPECT_EQ(shot.pixelColor(player->pos() + clear), QColor(Qt::red));
+
+    QSignalSpy down(player, &ucGifPlayer::MouseDown);
+    QTest::mousePress(player, Qt::RightButton, Qt::ShiftModifier, clear);
+    ASSERT_EQ(down.count(), 1);
+    EXPECT_EQ(down[0][0].toInt(), 2);
+    EXPECT_EQ(down[0][1].toInt(), 1);
+    EXPECT_FLOAT_EQ(down[0][2].toFloat(), float(clear.x()));
+    EXPECT_FLOAT_EQ(down[0][3].toFloat(), float(clear.y()));
+}
+
+TEST_F(GifPlayerTest, PropertiesAreStoredWithoutDefaultsAndDelayReadsBackAsZero)
+{
+    QVariantMap store;
+    player->InitProperties();
+    EXPECT_EQ(player->MinFrameDelay(), 50);
+    player->WriteProperties(store);
+    EXPECT_TRUE(store.isEmpty());
+
+    ucGifPlayer fresh;
+    QVariantMap stored{{"GIF", SolidFrames(3, 10, 5)}, {"Stretch", 3}, {"DelayLoad", 2}, {"Loops", 4}};
+    fresh.ReadProperties(stored);
+    EXPECT_EQ(fresh.MinFrameDelay(), 0);
+    EXPECT_EQ(fresh.Stretch(), 3);
+    EXPECT_EQ(fresh.DelayAnimation(), 2);
+    EXPECT_EQ(fresh.FrameCount(), 3);
+    EXPECT_EQ(fresh.Loops(), 4);
+    fresh.setMinFrameDelay(100);
+    QVariantMap saved;
+    fresh.WriteProperties(saved);
+    EXPECT_EQ(saved.value("Delay").toInt(), 100);
+    EXPECT_EQ(saved.value("Stretch").toInt(), 3);
+}
+
+TEST_F(GifPlayerTest, TheCurrentFrameComesBackAsAPicture)
+{
+    LoadStill(Fixture("transparent.gif"));
+    const QImage picture = player->AnimatedGIF();
+    const std::vector<QImage> frames = ComposeAll(Fixture("transparent.gif"));
+    ASSERT_FALSE(picture.isNull());
+    EXPECT_EQ(picture, frames[0].convertToFormat(QImage::Format_ARGB32));
+    player->setAnimatedGIF(QByteArray());
+    EXPECT_TRUE(player->AnimatedGIF().isNull());
+}
