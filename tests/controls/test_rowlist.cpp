@@ -738,3 +738,35 @@ TEST_F(RowListTest, AutomaticRowHeightFollowsTheFont)
     EXPECT_EQ(list.ItemHeight(), QFontMetrics(big).height());
     EXPECT_EQ(list.VisibleRowCount(), RowH * Rows / QFontMetrics(big).height());
 }
+
+TEST_F(RowListTest, FocusRectangleOnTheCurrentRowOnlyWithFocus)
+{
+    list.setBackNormal(RGB(255, 255, 255));
+    list.setBackSelected(RGB(255, 255, 255));
+    list.setFontNormal(RGB(0, 0, 255));
+    list.AddItem("");
+    list.AddItem("");
+    list.setListIndex(1);
+    const auto edgeHasFocusColour = [&](int row) {
+        for (int x = 0; x < list.SurfaceImage().width(); ++x)
+            if (pixel(x, row * RowH) == 0x0000FFu)
+                return true;
+        return false;
+    };
+    EXPECT_FALSE(edgeHasFocusColour(1)) << "no focus, no rectangle";
+
+    list.show();
+    list.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
+    list.setFocus(Qt::OtherFocusReason);
+    ASSERT_TRUE(list.iScr()->hasFocus());
+    EXPECT_TRUE(edgeHasFocusColour(1));
+    EXPECT_FALSE(edgeHasFocusColour(0));
+
+    list.setListIndex(0);
+    EXPECT_TRUE(edgeHasFocusColour(0));
+    EXPECT_FALSE(edgeHasFocusColour(1)) << "redrawing the previous row wipes it";
+
+    list.setFocus(false);
+    EXPECT_FALSE(edgeHasFocusColour(0)) << "Focus false draws none";
+}
