@@ -463,7 +463,8 @@ void RowList::setListIndex(int value)
     Q_EMIT ListIndexChange();
 }
 
-short RowList::TopIndex() const { return static_cast<short>(m_Bar->value()); }
+// The top row of the last redraw: while the thumb is dragged it leads the bar's value.
+short RowList::TopIndex() const { return m_LastTopIndex; }
 
 void RowList::setTopIndex(int value)
 {

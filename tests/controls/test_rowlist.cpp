@@ -320,12 +320,18 @@ TEST_F(RowListTest, ListIndexKeepsTheCurrentRowInView)
 TEST_F(RowListTest, DraggingTheThumbRaisesOneMoreScroll)
 {
     fill(20);
+    list.setSelectMode(1);
+    list.setBackNormal(RGB(255, 255, 255));
+    list.setBackSelected(RGB(255, 0, 0));
+    list.setItemSelected(6, true);
     QSignalSpy tops(&list, &RowList::TopIndexChange);
     QSignalSpy scrolls(&list, &RowList::Scroll);
     list.Bar()->setSliderDown(true);
     list.Bar()->setSliderPosition(4);
-    list.Bar()->setSliderDown(false);
     EXPECT_EQ(list.TopIndex(), 4);
+    EXPECT_EQ(pixel(1, 2 * RowH + 1), 0xFF0000u) << "the rows follow the thumb at once";
+    EXPECT_EQ(pixel(1, 1), 0xFFFFFFu);
+    list.Bar()->setSliderDown(false);
     EXPECT_EQ(tops.count(), 1);
     EXPECT_EQ(scrolls.count(), 2);
 }
