@@ -1,0 +1,377 @@
+#include "controls/Check.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace zrt {
+
+namespace {
+
+int ButtonOf(Qt::MouseButton button)
+{
+    switch (button) {
+    case Qt::LeftButton: return 1;
+    case Qt::RightButton: return 2;
+    case Qt::MiddleButton: return 4;
+    default: return 0;
+    }
+}
+
+int ShiftOf(Qt::KeyboardModifiers modifiers)
+{
+    return (modifiers & Qt::ShiftModifier ? 1 : 0) | (modifiers & Qt::ControlModifier ? 2 : 0) |
+           (modifiers & Qt::AltModifier ? 4 : 0);
+}
+
+// The box's colours in each look.
+struct BoxColors {
+    QColor border, fillTop, fillBottom, mark;
+};
+
+BoxColors ColorsOf(Check::Look look)
+{
+    switch (look) {
+    case Check::Look::Pushed:
+        return {QColor(28, 81, 128), QColor(176, 176, 167), QColor(241, 239, 226), QColor(33, 161, 33)};
+    case Check::Look::Mouseover:
+        return {QColor(28, 81, 128), QColor(255, 240, 207), QColor(253, 216, 137), QColor(33, 161, 33)};
+    case Check::Look::Disabled:
+        return {QColor(202, 200, 187), QColor(255, 255, 255), QColor(255, 255, 255), QColor(202, 200, 187)};
+    case Check::Look::Idle:
+    default:
+        return {QColor(28, 81, 128), QColor(220, 220, 215), QColor(255, 255, 255), QColor(33, 161, 33)};
+    }
+}
+
+} // namespace
+
+Check::Check(QWidget *parent)
+    : QWidget(parent)
+    , m_Probe([] { return QApplication::widgetAt(QCursor::pos()); })
+{
+    m_Picture1 = new QLabel(this);
+    m_Picture1->setObjectName(QStringLiteral("Picture1"));
+    m_Picture1->setMouseTracking(true);
+    m_Picture1->installEventFilter(this);
+
+    m_Check1 = new QWidget(this);
+    m_Check1->setObjectName(QStringLiteral("Check1"));
+    m_Check1->setMouseTracking(true);
+    m_Check1->installEventFilter(this);
+
+    m_Timer1 = new QTimer(this);
+    m_Timer1->setInterval(HoverInterval);
+    connect(m_Timer1, &QTimer::timeout, this, &Check::Timer1_Timer);
+
+    BuildImages();
+    ShowRestingImage();
+    Relayout();
+}
+
+Check::~Check()
+{
+    m_Picture1->removeEventFilter(this);
+    m_Check1->removeEventFilter(this);
+}
+
+// ---- properties -----------------------------------------------------------------------------
+
+void Check::setValue(int value)
+{
+    m_Value = value;
+    ShowRestingImage();
+    Q_EMIT PropertyChanged(QStringLiteral("Value"));
+}
+
+void Check::setCaption(const QString &caption)
+{
+    m_Caption = caption;
+    m_Check1->update();
+    updateGeometry();
+    Q_EMIT PropertyChanged(QStringLiteral("Caption"));
+}
+
+void Check::setForeColor(OleColor color)
+{
+    m_ForeColor = color;
+    m_Check1->update();
+    Q_EMIT PropertyChanged(QStringLiteral("ForeColor"));
+}
+
+void Check::setBackColor(OleColor color)
+{
+    m_BackColor = color;
+    update();
+    Q_EMIT PropertyChanged(QStringLiteral("BackColor"));
+}
+
+void Check::setDisabledColor(OleColor color)
+{
+    m_DisabledColor = color;
+    m_Check1->update();
+    Q_EMIT PropertyChanged(QStringLiteral("DisabledColor"));
+}
+
+// ---- the images -----------------------------------------------------------------------------
+
+QString Check::ImageName(int value, Look look)
+{
+    static const char *const names[3][4] = {
+        {"IdleNoValue", "PushedNoValue", "MouseoverNoValue", "DisabledNoValue"},
+        {"IdleChecked", "PushedChecked", "MouseoverChecked", "CheckedDisabled"},
+        {"IdleGreyed", "PushedGreyed", "MouseoverGreyed", "DisabledGrey"},
+    };
+    if (value < 0 || value > 2)
+        return {};
+    return QString::fromLatin1(names[value][static_cast<int>(look)]);
+}
+
+QImage Check::BoxImage(int value, Look look)
+{
+    QImage image(BoxSize, BoxSize, QImage::Format_ARGB32);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    DrawBoxFrame(painter, look);
+    const QColor mark = ColorsOf(look).mark;
+    if (value == 1)
+        DrawTick(painter, mark);
+    else if (value == 2)
+        DrawGreyMark(painter, look == Look::Disabled ? mark : QColor(128, 128, 128));
+    return image;
+}
+
+void Check::DrawBoxFrame(QPainter &painter, Look look)
+{
+    const BoxColors colors = ColorsOf(look);
+    DrawGradient(painter, QRect(1, 1, BoxSize - 2, BoxSize - 2), colors.fillTop, colors.fillBottom,
+                 GradientDirection::TopToBottom);
+    painter.setPen(colors.border);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(0, 0, BoxSize - 1, BoxSize - 1);
+}
+
+void Check::DrawTick(QPainter &painter, const QColor &color)
+{
+    // A tick three pixels thick: down from the left to the foot, then up to the right.
+    painter.setPen(color);
+    for (int dy = 0; dy < 3; ++dy) {
+        painter.drawLine(3, 5 + dy, 5, 7 + dy);
+        painter.drawLine(5, 7 + dy, 9, 3 + dy);
+    }
+}
+
+void Check::DrawGreyMark(QPainter &painter, const QColor &color)
+{
+    painter.fillRect(QRect(3, 3, BoxSize - 6, BoxSize - 6), color);
+}
+
+void Check::BuildImages()
+{
+    for (int value = 0; value < 3; ++value)
+        for (int look = 0; look < 4; ++look)
+            m_Images[static_cast<size_t>(value)][static_cast<size_t>(look)] =
+                QPixmap::fromImage(BoxImage(value, static_cast<Look>(look)));
+}
+
+void Check::ShowImage(Look look)
+{
+    // A value outside the table has no picture; the box then keeps the one it shows.
+    if (m_Value < 0 || m_Value > 2)
+        return;
+    m_Picture1->setPixmap(m_Images[static_cast<size_t>(m_Value)][static_cast<size_t>(look)]);
+    m_CurrentImage = ImageName(m_Value, look);
+}
+
+void Check::ShowRestingImage() { ShowImage(m_Enabled ? Look::Idle : Look::Disabled); }
+
+QImage Check::CurrentPicture() const { return m_Picture1->pixmap().toImage(); }
+
+// ---- hover, press and release ---------------------------------------------------------------
+
+bool Check::Hovering() const { return m_Timer1->isActive(); }
+
+void Check::setPointerProbe(PointerProbe probe)
+{
+    if (probe)
+        m_Probe = std::move(probe);
+}
+
+void Check::Timer1_Timer()
+{
+    if (!m_Enabled) {
+        m_Timer1->stop();
+        ShowImage(Look::Disabled);
+        return;
+    }
+    QWidget *under = m_Probe();
+    if (under == m_Picture1 || under == m_Check1) {
+        ShowImage(Look::Mouseover);
+    } else {
+        ShowImage(Look::Idle);
+        m_Timer1->stop();
+    }
+}
+
+void Check::BoxMouseEnter()
+{
+    if (!m_Enabled || m_Timer1->isActive() || QApplication::mouseButtons() != Qt::NoButton)
+        return;
+    ShowImage(Look::Mouseover);
+    m_Timer1->start();
+}
+
+void Check::BoxMouseDown(int button, int shift, float x, float y)
+{
+    if (!m_Enabled)
+        return;
+    Q_EMIT MouseDown(button, shift, x, y);
+    if (button == 2)
+        return;
+    m_Timer1->stop();
+    ShowImage(Look::Pushed);
+    // The value moves now, so the Click of the release already finds the new one.
+    m_Value = m_Value == 0 ? 1 : 0;
+    Q_EMIT PropertyChanged(QStringLiteral("Value"));
+}
+
+void Check::BoxMouseUp(int button, int, float, float)
+{
+    if (!m_Enabled || button == 2)
+        return;
+    Q_EMIT Click();
+    m_Timer1->start();
+}
+
+// ---- persistence ----------------------------------------------------------------------------
+
+void Check::WriteProperties(QVariantMap &bag) const
+{
+    const auto put = [&bag](const char *key, const QVariant &value, const QVariant &fallback) {
+        if (value != fallback)
+            bag.insert(QString::fromLatin1(key), value);
+    };
+    put("Value", m_Value, 0);
+    put("Caption", m_Caption, QString());
+    put("Enabled", isEnabled(), true);
+    const QFont ambient = parentWidget() ? parentWidget()->font() : QApplication::font();
+    if (font() != ambient)
+        bag.insert(QStringLiteral("Font"), font().toString());
+    put("ForeColor", m_ForeColor, RGB(0, 0, 128));
+    put("BackColor", m_BackColor, RGB(255, 255, 255));
+    put("DisabledColor", m_DisabledColor, RGB(192, 192, 192));
+}
+
+void Check::ReadProperties(const QVariantMap &bag)
+{
+    m_Caption = bag.value(QStringLiteral("Caption"), QString()).toString();
+    m_ForeColor = bag.value(QStringLiteral("ForeColor"), RGB(0, 0, 128)).toUInt();
+    m_BackColor = bag.value(QStringLiteral("BackColor"), RGB(255, 255, 255)).toUInt();
+    m_DisabledColor = bag.value(QStringLiteral("DisabledColor"), RGB(192, 192, 192)).toUInt();
+    const QString fontText = bag.value(QStringLiteral("Font")).toString();
+    if (!fontText.isEmpty()) {
+        QFont stored;
+        if (stored.fromString(fontText))
+            setFont(stored);
+    }
+    setEnabled(bag.value(QStringLiteral("Enabled"), true).toBool());
+    setValue(bag.value(QStringLiteral("Value"), 0).toInt());
+    update();
+}
+
+// ---- Qt plumbing ----------------------------------------------------------------------------
+
+QSize Check::sizeHint() const
+{
+    const QFontMetrics metrics(font());
+    const int textWidth = metrics.horizontalAdvance(QString(m_Caption).remove(QLatin1Char('&')));
+    return {BoxSize + 4 + textWidth + 2, std::max(BoxSize, metrics.height()) + 2};
+}
+
+void Check::Relayout()
+{
+    m_Picture1->setGeometry(0, (height() - BoxSize) / 2, BoxSize, BoxSize);
+    m_Check1->setGeometry(BoxSize + 4, 0, std::max(0, width() - BoxSize - 4), height());
+}
+
+void Check::resizeEvent(QResizeEvent *) { Relayout(); }
+
+void Check::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), TranslateColor(m_BackColor));
+}
+
+void Check::PaintCaption()
+{
+    QPainter painter(m_Check1);
+    painter.setFont(font());
+    painter.setPen(TranslateColor(m_Enabled ? m_ForeColor : m_DisabledColor));
+    // "&&" shows one ampersand, a single one marks the access letter.
+    painter.drawText(m_Check1->rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, m_Caption);
+}
+
+void Check::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::EnabledChange) {
+        m_Enabled = isEnabled();
+        if (!m_Enabled)
+            m_Timer1->stop();
+        ShowRestingImage();
+        m_Check1->update();
+        Q_EMIT PropertyChanged(QStringLiteral("Enabled"));
+    } else if (event->type() == QEvent::FontChange) {
+        m_Check1->update();
+        updateGeometry();
+        Q_EMIT PropertyChanged(QStringLiteral("Font"));
+    }
+    QWidget::changeEvent(event);
+}
+
+bool Check::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != m_Picture1 && watched != m_Check1)
+        return QWidget::eventFilter(watched, event);
+    auto *child = static_cast<QWidget *>(watched);
+    switch (event->type()) {
+    case QEvent::Paint:
+        if (child != m_Check1)
+            return false;
+        PaintCaption();
+        return true;
+    case QEvent::Enter:
+        BoxMouseEnter();
+        return false;
+    case QEvent::MouseMove:
+        if (static_cast<QMouseEvent *>(event)->buttons() == Qt::NoButton)
+            BoxMouseEnter();
+        return true;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick: {
+        // A quick second press is a press like any other: each one moves the value.
+        const auto *e = static_cast<QMouseEvent *>(event);
+        const QPointF at = child->mapTo(this, e->position().toPoint());
+        BoxMouseDown(ButtonOf(e->button()), ShiftOf(e->modifiers()), static_cast<float>(at.x()),
+                     static_cast<float>(at.y()));
+        return true;
+    }
+    case QEvent::MouseButtonRelease: {
+        const auto *e = static_cast<QMouseEvent *>(event);
+        const int button = ButtonOf(e->button());
+        const QPointF at = child->mapTo(this, e->position().toPoint());
+        const bool enabled = m_Enabled;
+        BoxMouseUp(button, ShiftOf(e->modifiers()), static_cast<float>(at.x()), static_cast<float>(at.y()));
+        if (enabled && button == 1 && child == m_Picture1 && m_Picture1->rect().contains(e->position().toPoint()))
+            Q_EMIT PictureClick();
+        return true;
+    }
+    default: return false;
+    }
+}
+
+} // namespace zrt
