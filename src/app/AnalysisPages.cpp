@@ -279,7 +279,7 @@ void MainFrm::buildComparePage()
     c.ucTableView1->Initialize();
     for (size_t i = 0; i < zrt::kRankColumnCaptions.size(); ++i)
         c.ucTableView1->ColumnAdd(static_cast<int>(i), QString::fromLatin1(zrt::kRankColumnCaptions[i]),
-                                  zrt::kRankColumnWidths[i]);
+                                  zrt::kRankColumnWidths[i], 0);
     c.ucTableView1->setRaiseSubItemPrePaint(true);
     c.ucTableView1->setBackColor(zrt::RGB(241, 241, 217));
     c.ucTableView1->setBorderStyle(0);

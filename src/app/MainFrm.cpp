@@ -14,6 +14,7 @@
 #include "reaction/SoundBas.h"
 #include "reaction/mStopWatch.h"
 #include "toolbar/ThemedToolbar.h"
+#include "dialogs/AboutFrm.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -152,12 +153,18 @@ void MainFrm::buildToolbar()
         {"Compare", "Compare visual and audio", 7, 1},
     };
     for (const Item &item : items) {
-        QImage icon;
-        if (item.cell > 0 && !strip.isNull())
-            icon = strip.copy((item.cell - 1) * 32, 0, 32, 32);
-        ThemedToolbar1->AddButton(QString(), item.kind, QString::fromLatin1(item.key),
-                                  QString::fromLatin1(item.tip), icon);
+        if (item.kind == 2) {
+            ThemedToolbar1->AddButton(zrt::btn::TypeSeparator);
+            continue;
+        }
+        ThemedToolbar1->AddButton(zrt::btn::TypeButton, QString(), QString::fromLatin1(item.key),
+                                  strip.isNull() ? QImage() : ThemedToolbar::IconFromStrip(strip, item.cell), 32, 0,
+                                  QString::fromLatin1(item.tip), zrt::SystemColor(8), std::nullopt,
+                                  item.kind == 1 ? zrt::btn::StyleCheck : zrt::btn::StylePush, 0, true,
+                                  zrt::RGB(0, 255, 0));
     }
+    ThemedToolbar1->setcMenuItemTitle(QStringLiteral("Information"));
+    ThemedToolbar1->setcMenuItem(1, QStringLiteral("About"));
     ThemedToolbar1->setBtnValue(5, true);
     ThemedToolbar1->setThemeColor(3);
     ThemedToolbar1->setVisible(true);
@@ -166,8 +173,11 @@ void MainFrm::buildToolbar()
         ThemedToolbar1->setBtnEnabled(i, false);
     ThemedToolbar1->move(0, 0);
     connect(ThemedToolbar1, &ThemedToolbar::ButtonClick, this,
-            [this](const QString &key) { guarded([this, key] { ToolbarButtonClick(key); }); });
-    connect(ThemedToolbar1, &ThemedToolbar::MenuClick, this, [this] { emit AboutRequested(); });
+            [this](int, const QString &key, const QString &) { guarded([this, key] { ToolbarButtonClick(key); }); });
+    connect(ThemedToolbar1, &ThemedToolbar::MenuClick, this, [this](int item) {
+        if (item == 1)
+            zrt::AboutFrm::ShowAbout(QStringLiteral(ZRT_VERSION), this);
+    });
 }
 
 void MainFrm::buildLeftColumn()
@@ -194,8 +204,8 @@ void MainFrm::buildLeftColumn()
     for (int i = 0; i < 2; ++i) {
         Check5[i] = new Check(piclbl);
         Check5[i]->setCaption(i == 0 ? QStringLiteral("Visual Data") : QStringLiteral("Audio Data"));
-        Check5[i]->setBackColor(MainMod1::HeaderColour);
-        Check5[i]->setForeColor(QColor(Qt::white));
+        Check5[i]->setBackColor(zrt::ToOleColor(MainMod1::HeaderColour));
+        Check5[i]->setForeColor(zrt::RGB(255, 255, 255));
         Check5[i]->resize(82, 18);
         connect(Check5[i], &Check::Click, this, [this, i] { guarded([this, i] { Check5_Click(i); }); });
     }

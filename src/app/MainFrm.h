@@ -174,7 +174,7 @@ public:
     void ucgif_MouseDown();
     void Timer1_Timer();
 
-signals:
+Q_SIGNALS:
     void AboutRequested();
 
 protected:

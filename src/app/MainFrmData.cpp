@@ -92,7 +92,7 @@ void MainFrm::arange_data_lists()
     P2->setUpdatesEnabled(false);
     const int half = P2->width() / 2;
     CL4->setGeometry(half, CL4->y(), half, P2->height() - CL4->y());
-    CL4->setBackNormal(MainMod1::PanelColour);
+    CL4->setBackNormal(zrt::ToOleColor(MainMod1::PanelColour));
     cl2->move(0, cl2->y());
     if (Check4->Value() == 1) {
         cl2->resize(CL4->x(), cl2->height());
@@ -101,7 +101,7 @@ void MainFrm::arange_data_lists()
         cl2->resize(P2->width(), cl2->height());
         CL4->hide();
     }
-    cl2->setBackNormal(MainMod1::PanelColour);
+    cl2->setBackNormal(zrt::ToOleColor(MainMod1::PanelColour));
     cl2->resize(cl2->width(), P2->height() - cl2->y());
     Check5[1]->move(CL4->x() + 1, Check5[1]->y());
     P2->setUpdatesEnabled(true);

@@ -43,5 +43,5 @@ void PagePanel::paintEvent(QPaintEvent *)
 void PagePanel::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
-    emit Resize();
+    Q_EMIT Resize();
 }

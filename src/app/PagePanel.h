@@ -17,7 +17,7 @@ public:
     void setPicture(const QImage &picture);
     void setGradient(const QColor &from, const QColor &to, zrt::GradientDirection direction);
 
-signals:
+Q_SIGNALS:
     void Resize();
 
 protected:
