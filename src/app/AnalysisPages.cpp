@@ -172,7 +172,7 @@ void MainFrm::buildAveragesPage()
                 DrawStemLeaf();
         });
     });
-    connect(a.cl3, &RowList::Click, this, [this] { guarded([this] { cl3_Click(); }); });
+    connect(a.cl3, &RowList::ListIndexChange, this, [this] { guarded([this] { cl3_Click(); }); });
     connect(a.Check1, &Check::Click, this, [this] { guarded([this] { Refresh_Data(); }); });
 }
 
@@ -235,7 +235,7 @@ void MainFrm::buildGroupsPage()
     connect(g.Check2, &Check::Click, this, [this] { guarded([this] { Refresh_Data(); }); });
     auto keep = [this](zrt::PictureBox *surface, std::function<void()> place, std::function<void()> draw) {
         connect(surface, &zrt::PictureBox::Resize, this, [this, place, draw] {
-            guarded([=] {
+            guarded([=, this] {
                 if (analysis.GroupedReady)
                     draw();
                 place();
@@ -321,7 +321,7 @@ void MainFrm::buildComparePage()
     });
     connect(c.pFR[0], &zrt::PictureBox::MouseDown, this,
             [this](Qt::MouseButton, Qt::KeyboardModifiers, double x, double y) {
-                guarded([=] { pFR0_MouseDown(x, y); });
+                guarded([=, this] { pFR0_MouseDown(x, y); });
             });
     connect(c.pFR[1], &zrt::PictureBox::Resize, this, [this] { guarded([this] { layoutRankTab(); }); });
     connect(c.pFR[2], &zrt::PictureBox::Resize, this, [this] {

@@ -219,10 +219,10 @@ void MainFrm::buildLeftColumn()
             return;
         to->setListIndex(from->ListIndex());
     };
-    connect(cl2, &RowList::MouseDown, this, [=] { follow(cl2, CL4, true); });
-    connect(cl2, &RowList::MouseUp, this, [=] { follow(cl2, CL4, true); });
-    connect(CL4, &RowList::MouseDown, this, [=] { follow(CL4, cl2, false); });
-    connect(CL4, &RowList::MouseUp, this, [=] { follow(CL4, cl2, false); });
+    connect(cl2, &RowList::MouseDown, this, [=, this] { follow(cl2, CL4, true); });
+    connect(cl2, &RowList::MouseUp, this, [=, this] { follow(cl2, CL4, true); });
+    connect(CL4, &RowList::MouseDown, this, [=, this] { follow(CL4, cl2, false); });
+    connect(CL4, &RowList::MouseUp, this, [=, this] { follow(CL4, cl2, false); });
     connect(P2, &PagePanel::Resize, this, [this] { guarded([this] { arange_data_lists(); }); });
 }
 
@@ -282,8 +282,8 @@ void MainFrm::buildSettingsPanel()
         list->resize(panel->width(), list->ListCount() * 16 + 4);
         panel->PlaceInBody(list);
     }
-    connect(List1, &RowList::Click, this, [this] { guarded([this] { List1_Click(); }); });
-    connect(List2, &RowList::Click, this, [this] { guarded([this] { List2_Click(); }); });
+    connect(List1, &RowList::ListIndexChange, this, [this] { guarded([this] { List1_Click(); }); });
+    connect(List2, &RowList::ListIndexChange, this, [this] { guarded([this] { List2_Click(); }); });
 
     Check4 = new Check(pSettings);
     Check4->setCaption(QStringLiteral("Compare visual && audio"));
