@@ -169,6 +169,7 @@ void MainFrm::buildToolbar()
     ThemedToolbar1->setThemeColor(3);
     ThemedToolbar1->setVisible(true);
     ThemedToolbar1->setFixedHeight(32);
+    ThemedToolbar1->SizeToButtons();
     for (int i : {7, 8, 9})
         ThemedToolbar1->setBtnEnabled(i, false);
     ThemedToolbar1->move(0, 0);
@@ -184,7 +185,8 @@ void MainFrm::buildLeftColumn()
 {
     P2 = new PagePanel(m_client);
     P2->setGeometry(0, tw(690), tw(kLeftColumnWidthTw), tw(8565));
-    Label4 = NewLabel(P2, QStringLiteral("Averaged Reation times"), QRect(8, 6, 160, 18));
+    Label4 = NewLabel(P2, QStringLiteral("Averaged Reation times"), QRect(6, 6, 166, 18));
+    Label4->setWordWrap(false);
     QFont bold = Label4->font();
     bold.setBold(true);
     Label4->setFont(bold);
@@ -264,8 +266,14 @@ void MainFrm::buildSettingsPanel()
     pSettings = new PagePanel(P3);
     pSettings->setBackColor(QColor(236, 240, 226));
     pSettings->setGeometry(0, 398, 262, 160);
-    Label1[0] = NewLabel(pSettings, QStringLiteral("Number of Zorvanes:"), QRect(4, 2, 128, 18));
-    Label1[1] = NewLabel(pSettings, QStringLiteral("Number of attempts:"), QRect(136, 2, 124, 18));
+    Label1[0] = NewLabel(pSettings, QStringLiteral("Number of Zorvanes:"), QRect(4, 2, 130, 18));
+    Label1[1] = NewLabel(pSettings, QStringLiteral("Number of attempts:"), QRect(136, 2, 126, 18));
+    for (QLabel *label : Label1) {
+        label->setWordWrap(false);
+        QFont small = label->font();
+        small.setPointSizeF(small.pointSizeF() * 0.9);
+        label->setFont(small);
+    }
 
     dd1 = new DropPanel(pSettings);
     dd1->setGeometry(4, 20, 120, 22);
@@ -301,12 +309,16 @@ void MainFrm::buildAudioStage()
     P5->hide();
 
     ucgif = new ucGifPlayer(P5);
+    ucgif->setDelayAnimation(0);
     ucgif->LoadAnimatedGIF_Array(ResourceBytes(QStringLiteral(":/gif/audio_target.gif")));
     ucgif->setGeometry(0, 0, 110, 394);
+    ucgif->setAction(0);
     connect(ucgif, &ucGifPlayer::MouseDown, this, [this] { guarded([this] { ucgif_MouseDown(); }); });
     ucGifPlayer2 = new ucGifPlayer(P5);
+    ucGifPlayer2->setDelayAnimation(0);
     ucGifPlayer2->LoadAnimatedGIF_Array(ResourceBytes(QStringLiteral(":/gif/walker.gif")));
     ucGifPlayer2->setGeometry(P5->width(), 220, 179, 174);
+    ucGifPlayer2->setAction(0);
 
     IMmsg1 = new QLabel(P5);
     IMmsg1->setPixmap(QPixmap::fromImage(ResourceImage(QStringLiteral("audio_invitation.png"))));
@@ -456,6 +468,19 @@ void MainFrm::ToolbarButtonClick(const QString &key)
             P3->show();
             ThemedToolbar1->setBtnValue(5, true);
         }
+    }
+}
+
+void MainFrm::ClickToolbarButton(const QString &key)
+{
+    // As a press on the bar does it: a check button flips its value before the click is told.
+    for (int i = 1; i <= ThemedToolbar1->ButtonCount(); ++i) {
+        if (ThemedToolbar1->BtnKey(i) != key || !ThemedToolbar1->BtnEnabled(i))
+            continue;
+        if (ThemedToolbar1->BtnStyle(i) == zrt::btn::StyleCheck)
+            ThemedToolbar1->setBtnValue(i, !ThemedToolbar1->BtnValue(i));
+        guarded([this, key] { ToolbarButtonClick(key); });
+        return;
     }
 }
 

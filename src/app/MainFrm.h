@@ -101,6 +101,7 @@ public:
 
     // ---- Toolbar and pages ----
     void ToolbarButtonClick(const QString &key);
+    void ClickToolbarButton(const QString &key); // a press on the bar's button of that key
     void Stop_All_Timers();
     void Label5_Change();
     void Refresh_Data();

@@ -55,8 +55,11 @@ void MainFrm::List2_Click()
 ucGifPlayer *MainFrm::newCharacter(const QByteArray &gif)
 {
     auto *character = new ucGifPlayer(P3);
+    // Every frame is built at load, so the game can step to any of them at once.
+    character->setDelayAnimation(0);
     character->LoadAnimatedGIF_Array(gif);
     character->setStretch(3);
+    character->setAction(0); // down, on its first frame, until the game moves it
     return character;
 }
 

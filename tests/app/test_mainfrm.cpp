@@ -100,7 +100,13 @@ QStringList Items(RowList *list)
 TEST_F(MainWindowTest, StartsWithThreeCharactersFourAttemptsAndPairsOn)
 {
     EXPECT_EQ(window->windowTitle(), "Zorvane Reaction Times");
-    EXPECT_EQ(window->ucGifPlayer1.size(), 3u);
+    ASSERT_EQ(window->ucGifPlayer1.size(), 3u);
+    for (ucGifPlayer *character : window->ucGifPlayer1) {
+        EXPECT_TRUE(character->isVisible());
+        EXPECT_EQ(character->FrameCount(), 3) << "the drawings are compiled into the program";
+        EXPECT_EQ(character->CurrentFrame(), 1) << "down, below ground";
+        EXPECT_EQ(character->size(), QSize(110, 394));
+    }
     EXPECT_EQ(window->dd1->Title(), "3");
     EXPECT_EQ(window->DD2->Title(), "4");
     EXPECT_EQ(window->Check4->Value(), 1);
@@ -260,4 +266,25 @@ TEST_F(MainWindowTest, APageButtonStopsTheRunsTimers)
     EXPECT_FALSE(window->timers().isArmed(TimerVisualPop));
     EXPECT_FALSE(window->timers().isArmed(TimerIdlePeek));
     EXPECT_FALSE(window->command1->isEnabled()) << "the run stays unfinished";
+}
+
+TEST_F(MainWindowTest, ARisenCharacterIsDrawnWholeAtOnce)
+{
+    // The pop steps frames synchronously; every frame must already be built to be seen.
+    UncheckPairs();
+    QTest::mouseClick(window->command1, Qt::LeftButton);
+    window->chance().script({0.5f});
+    window->timers().fire(TimerVisualPop);
+    ucGifPlayer *risen = window->ucGifPlayer1[1];
+    ASSERT_EQ(Tag(risen), "1");
+    EXPECT_EQ(risen->CurrentFrame(), 3);
+    // The control alone (on a plain ground) and the page agree only where the drawing covers
+    // the page's sky, so many equal pixels above the ground line mean the character is there.
+    const QImage alone = risen->grab().toImage();
+    const QImage page = window->P3->grab().toImage();
+    int drawnPixels = 0;
+    for (int y = 0; y < 300; ++y)
+        for (int x = 0; x < alone.width(); ++x)
+            drawnPixels += alone.pixel(x, y) == page.pixel(risen->x() + x, risen->y() + y) ? 1 : 0;
+    EXPECT_GT(drawnPixels, 2000) << "the whole character stands above ground on the page";
 }

@@ -123,7 +123,7 @@ int main(int argc, char *argv[])
     window.cmdadd_Click(1);
 
     SampleOfTwenty(window);
-    auto press = [&](const char *key) { window.ToolbarButtonClick(QString::fromLatin1(key)); };
+    auto press = [&](const char *key) { window.ClickToolbarButton(QString::fromLatin1(key)); };
     press("Averages");
     QTest::mouseClick(window.averages.cmdshowall, Qt::LeftButton);
     Save(window, QStringLiteral("averages_1_info"));
