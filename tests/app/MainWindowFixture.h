@@ -1,0 +1,100 @@
+#pragma once
+// A main window with manual timers, scripted chance, a faked stopwatch counter and answered
+// message boxes, shared by the window's test files.
+
+#include "app/MainFrm.h"
+#include "app/MainMod1.h"
+#include "app/MsgBox.h"
+#include "app/PagePanel.h"
+#include "anim/ucGifPlayer.h"
+#include "controls/Check.h"
+#include "controls/DropPanel.h"
+#include "controls/GlossButton.h"
+#include "controls/RowList.h"
+#include "reaction/SoundBas.h"
+#include "reaction/mStopWatch.h"
+#include "toolbar/ThemedToolbar.h"
+
+#include <QLabel>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <memory>
+
+namespace mainwindowtest {
+
+inline std::int64_t g_counter = 0;
+inline std::int64_t FakeCounter() { return g_counter; }
+
+struct Said {
+    QString text, caption;
+    int style = 0;
+};
+
+class MainWindowTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        mStopWatch::SwReset();
+        mStopWatch::SwSetCounter(&FakeCounter, 1000); // one count is a millisecond
+        g_counter = 0;
+        said.clear();
+        SetMsgBoxHook([this](const QString &text, int style, const QString &caption) {
+            said.push_back({text, caption, style});
+            return answer;
+        });
+        MainMod1::Sounds.SoundDisabled = true;
+        window = std::make_unique<MainFrm>(nullptr, true);
+        window->resize(1000, 700);
+        window->show();
+        QCoreApplication::processEvents();
+    }
+    void TearDown() override
+    {
+        window.reset();
+        SetMsgBoxHook({});
+        mStopWatch::SwSetCounter(nullptr);
+    }
+
+    // Pops the character the script chooses and presses it after `ms` milliseconds.
+    void PopAndPress(int ms, float choice = 0.0f)
+    {
+        window->chance().script({choice});
+        ASSERT_TRUE(window->timers().fire(TimerVisualPop));
+        ucGifPlayer *risen = nullptr;
+        for (auto *c : window->ucGifPlayer1)
+            if (Tag(c) == "1")
+                risen = c;
+        ASSERT_NE(risen, nullptr);
+        g_counter += ms;
+        QTest::mousePress(risen, Qt::LeftButton, Qt::NoModifier, QPoint(50, 200));
+    }
+
+    void VisualRun(std::initializer_list<int> times)
+    {
+        QTest::mouseClick(window->command1, Qt::LeftButton);
+        for (int ms : times)
+            PopAndPress(ms);
+    }
+
+    void UncheckPairs()
+    {
+        window->Check4->setValue(0);
+        window->Check4_Click();
+    }
+
+    std::unique_ptr<MainFrm> window;
+    std::vector<Said> said;
+    int answer = vbOK;
+};
+
+inline QStringList Items(RowList *list)
+{
+    QStringList items;
+    for (int i = 0; i < list->ListCount(); ++i)
+        items << list->ItemText(i);
+    return items;
+}
+
+} // namespace mainwindowtest
