@@ -9,6 +9,10 @@
 #include "controls/Check.h"
 #include "reaction/SoundBas.h"
 #include "reaction/mStopWatch.h"
+#include "common/RunTimeError.h"
+#include "controls/GlossButton.h"
+#include "controls/RowList.h"
+#include "toolbar/ThemedToolbar.h"
 
 #include <QApplication>
 #include <QMouseEvent>
@@ -61,6 +65,46 @@ double MillisecondsToFirstPaint(const std::function<QWidget *()> &make, const st
     const double ms = std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
     delete w;
     return ms;
+}
+
+// Refresh_Data with every page's analysis and a repaint of every chart, as the pages would
+// show them with all answers revealed.
+void PagesBenchmark()
+{
+    for (int n : {30, 1000, 10000}) {
+        MainFrm window(nullptr, true);
+        window.resize(1000, 700);
+        window.show();
+        QCoreApplication::processEvents();
+        for (int i = 0; i < n; ++i) {
+            window.cl2->AddItem(QString::number(0.2 + (i * 37 % 300) / 1000.0));
+            window.CL4->AddItem(QString::number(0.25 + (i * 53 % 280) / 1000.0));
+        }
+        window.SetDataCount();
+        for (auto *b : {window.averages.cmdBP, window.averages.cmdSL, window.groups.cmdTally, window.groups.cmdR,
+                        window.groups.cmdCF, window.groups.cmdPlot, window.compare.cmdSG, window.compare.cmdBPc})
+            b->setCaption(b->Caption().replace(QLatin1String("Show"), QLatin1String("Hide")));
+        window.ThemedToolbar1->setBtnValue(7, true);
+        window.ThemedToolbar1->setBtnValue(8, true);
+        const auto t0 = std::chrono::steady_clock::now();
+        QString failure;
+        try {
+            window.Refresh_Data();
+            window.DrawBoxPlot();
+            window.DrawStemLeaf();
+            window.DrawTally();
+            window.DrawEstimatedMean();
+            window.DrawCFTable();
+            window.DrawCFPlot();
+            window.Get_Compare_Data();
+            window.DrawCorrelationScale();
+        } catch (const zrt::RunTimeError &error) {
+            failure = QString::fromStdString(error.message());
+        }
+        const double ms = std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - t0).count();
+        std::printf("Refresh_Data + every chart at %5d results: %9.1f ms%s%s\n", n, ms,
+                    failure.isEmpty() ? "" : "  (ended by ", failure.isEmpty() ? "" : qPrintable(failure + ")"));
+    }
 }
 
 } // namespace
@@ -122,6 +166,8 @@ int main(int argc, char *argv[])
     std::printf("cue stop: audio output %s, at most %lld bytes discarded (buffer %d ms)\n",
                 player.hasOutput() ? "present" : "absent", static_cast<long long>(discarded),
                 player.bufferMilliseconds());
+
+    PagesBenchmark();
 
     std::vector<double> bare, full;
     for (int i = 0; i < 5; ++i) {

@@ -2,7 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPushButton>
+#include "dialogs/DialogButton.h"
 #include <QVBoxLayout>
 
 namespace zrt {
@@ -24,9 +24,9 @@ AboutFrm::AboutFrm(const QString &version, QWidget *parent)
     for (QLabel *label : {m_lblName, m_lblVersion, m_lblPurpose})
         label->setTextFormat(Qt::PlainText);
 
-    m_cmdOK = new QPushButton(QStringLiteral("OK"), this);
+    m_cmdOK = new DialogButton(QStringLiteral("OK"), this);
     m_cmdOK->setDefault(true);
-    connect(m_cmdOK, &QPushButton::clicked, this, &QDialog::accept);
+    connect(m_cmdOK, &DialogButton::clicked, this, &QDialog::accept);
 
     auto *buttons = new QHBoxLayout;
     buttons->addStretch();

@@ -1,10 +1,10 @@
 #pragma once
+#include "dialogs/DialogButton.h"
 // The about window: the program's name, its version, what it is for, and OK.
 
 #include <QDialog>
 
 class QLabel;
-class QPushButton;
 
 namespace zrt {
 
@@ -24,13 +24,13 @@ public:
     QLabel *lblName() const { return m_lblName; }
     QLabel *lblVersion() const { return m_lblVersion; }
     QLabel *lblPurpose() const { return m_lblPurpose; }
-    QPushButton *cmdOK() const { return m_cmdOK; }
+    DialogButton *cmdOK() const { return m_cmdOK; }
 
 private:
     QLabel *m_lblName = nullptr;
     QLabel *m_lblVersion = nullptr;
     QLabel *m_lblPurpose = nullptr;
-    QPushButton *m_cmdOK = nullptr;
+    DialogButton *m_cmdOK = nullptr;
 };
 
 } // namespace zrt

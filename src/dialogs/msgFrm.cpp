@@ -207,7 +207,7 @@ void msgFrm::BuildMessagePanel()
         m_cmd1[i] = NewButton(m_ButtonBar, {});
         m_cmd1[i]->setGeometry(TwipsRect(kButtonLefts[i], 0, kButtonWidth, kButtonHeight));
         m_cmd1[i]->hide();
-        connect(m_cmd1[i], &QPushButton::clicked, this, [this, i] { cmd1_Click(i); });
+        connect(m_cmd1[i], &DialogButton::clicked, this, [this, i] { cmd1_Click(i); });
     }
 }
 
@@ -220,7 +220,7 @@ void msgFrm::BuildTimedPanel()
     m_aMsg = NewLabel(panel, false, true);
     m_aMsg->setText(kAutoText);
     m_command1 = NewButton(panel, QStringLiteral("OK"));
-    connect(m_command1, &QPushButton::clicked, this, &msgFrm::command1_Click);
+    connect(m_command1, &DialogButton::clicked, this, &msgFrm::command1_Click);
 }
 
 void msgFrm::BuildInputPanel()
@@ -233,7 +233,7 @@ void msgFrm::BuildInputPanel()
     m_iCmd[0] = NewButton(panel, QStringLiteral("Cancel"));
     m_iCmd[1] = NewButton(panel, QStringLiteral("OK"));
     for (int i = 0; i < 2; ++i)
-        connect(m_iCmd[i], &QPushButton::clicked, this, [this, i] { iCmd_Click(i); });
+        connect(m_iCmd[i], &DialogButton::clicked, this, [this, i] { iCmd_Click(i); });
 }
 
 void msgFrm::BuildLinkPanel()
@@ -245,7 +245,7 @@ void msgFrm::BuildLinkPanel()
         m_Label2[i] = NewLabel(panel);
         m_Text1[i] = new QLineEdit(panel);
         m_nCmd[i] = NewButton(panel, i == 0 ? QStringLiteral("OK") : QStringLiteral("Cancel"));
-        connect(m_nCmd[i], &QPushButton::clicked, this, [this, i] { nCmd_Click(i); });
+        connect(m_nCmd[i], &DialogButton::clicked, this, [this, i] { nCmd_Click(i); });
     }
     m_Label2[0]->setGeometry(TwipsRect(45, 480, 4155, 270));
     m_Text1[0]->setGeometry(TwipsRect(45, 765, 4155, 315));
@@ -254,7 +254,7 @@ void msgFrm::BuildLinkPanel()
     m_cmdbrowse = NewButton(panel, QStringLiteral("..."));
     m_cmdbrowse->setAutoDefault(false);
     m_cmdbrowse->setGeometry(TwipsRect(4230, 750, 345, 375));
-    connect(m_cmdbrowse, &QPushButton::clicked, this, &msgFrm::cmdbrowse_Click);
+    connect(m_cmdbrowse, &DialogButton::clicked, this, &msgFrm::cmdbrowse_Click);
     m_nCmd[0]->setGeometry(TwipsRect(3480, 1875, 1110, 330));
     m_nCmd[1]->setGeometry(TwipsRect(2325, 1890, 1110, 330));
 }

@@ -10,6 +10,7 @@
 // labels; the panels and the shape are in pixels.
 
 #include "dialogs/BalloonShape.h"
+#include "dialogs/DialogButton.h"
 #include "toolbar/GraphicsBas1.h"
 
 #include <QDialog>
@@ -29,8 +30,6 @@ namespace zrt {
 
 class FormulaView;
 
-// The buttons are plain push buttons until the project's own button takes their place.
-using DialogButton = QPushButton;
 
 struct MsgBoxArgs {
     QString Text;
