@@ -11,6 +11,8 @@
 #include "controls/GlossButton.h"
 #include "controls/RowList.h"
 #include "reaction/mStopWatch.h"
+#include "dialogs/MsgBoxes.h"
+#include "dialogs/msgFrm.h"
 
 #include <QApplication>
 #include <QDir>
@@ -161,5 +163,22 @@ int main(int argc, char *argv[])
     window.ShapedTabs1_Click(2);
     QTest::mouseClick(window.compare.cmdBPc, Qt::LeftButton);
     Save(window, QStringLiteral("compare_3_boxplots"));
+
+    // The balloon dialogs: the outliers help and a question with Yes and No.
+    auto balloon = [](const QString &name) {
+        zrt::msgFrm::setShownHook([name](zrt::msgFrm &box) {
+            Settle();
+            const QString path = QDir(g_folder).filePath(name + QStringLiteral(".png"));
+            box.grab().save(path);
+            std::printf("%s\n", qPrintable(path));
+            box.done(1);
+        });
+    };
+    balloon(QStringLiteral("balloon_outliers"));
+    window.ShowOutliersHelp();
+    balloon(QStringLiteral("balloon_yes_no"));
+    zrt::msg_Box(QStringLiteral("Do you want to keep these results for the next lesson?"), 4 | 32,
+                 QStringLiteral("Keep the results"), &window);
+    zrt::msgFrm::setShownHook({});
     return 0;
 }
