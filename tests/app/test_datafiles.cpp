@@ -161,3 +161,48 @@ TEST_F(DataFilesTest, ABadFileReportsItsErrorAndKeepsTheData)
     EXPECT_EQ(Items(window->CL4), QStringList{"0.35"});
     EXPECT_EQ(window->ucGifPlayer1.size(), 3u);
 }
+
+TEST_F(DataFilesTest, SaveThenOpenGivesTheSameSampleAndSettings)
+{
+    window->List1->setListIndex(4);
+    window->List2->setListIndex(3);
+    AddPairs({{"0.31", "0.41"}, {"0.27", "0.39"}, {"0.33", "0.44"}});
+    chosen = folder.filePath("round.rtd");
+    window->Save_Data();
+    window->ClickToolbarButton("Clear");
+    ASSERT_EQ(window->cl2->ListCount(), 0);
+    ASSERT_EQ(window->DD2->Title(), "4");
+
+    window->Open_Data();
+    EXPECT_TRUE(said.empty()) << "saved data open without a question";
+    EXPECT_EQ(Items(window->cl2), (QStringList{"0.31", "0.27", "0.33"}));
+    EXPECT_EQ(Items(window->CL4), (QStringList{"0.41", "0.39", "0.44"}));
+    EXPECT_EQ(window->dd1->Title(), "5");
+    EXPECT_EQ(window->DD2->Title(), "7");
+    EXPECT_EQ(window->Check4->Value(), 1);
+}
+
+TEST_F(DataFilesTest, TheBoxAtSavingDecidesTheKindAndLongValuesAreCut)
+{
+    // Pairs collected, then the box cleared: only the visual times are written.
+    AddPairs({{"0.31", "0.41"}});
+    window->Check4->setValue(0);
+    window->Check4_Click();
+    chosen = folder.filePath("visual.rtd");
+    window->Save_Data();
+    EXPECT_TRUE(Read(chosen).contains("Sample=0\r\n"));
+    EXPECT_TRUE(Read(chosen).contains("Data1=0.31\r\n"));
+
+    // A Sample 0 value is taken as it stands, cut to 19 characters, comma and all.
+    QFile file(folder.filePath("long.rtd"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("[RTDINFO]\r\nDataItems=2\r\nSample=0\r\n[DATA]\r\nData1=0.123456789012345678901\r\nData2=0.1,0.2\r\n");
+    file.close();
+    chosen = file.fileName();
+    window->DataSaved = true;
+    window->Open_Data();
+    EXPECT_EQ(Items(window->cl2), (QStringList{"0.12345678901234567", "0.1,0.2"}));
+    EXPECT_EQ(window->Check4->Value(), 0);
+    EXPECT_FALSE(window->CL4->isVisibleTo(window.get()));
+    EXPECT_FALSE(window->Check5[1]->isVisibleTo(window.get()));
+}
