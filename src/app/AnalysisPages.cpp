@@ -79,6 +79,10 @@ ShapedTabs *MainFrm::newTabs(QWidget *page, const QStringList &captions, std::fu
     tabs->setCaption(fields.join(QLatin1Char('|')) + QLatin1Char('|'));
     tabs->setNumberOfTabs(static_cast<int>(captions.size()));
     tabs->setGeometry(0, kTabTop, page->width(), kTabHeight);
+    tabs->setDisabledTabColor(page == p4[0] ? zrt::RGB(192, 192, 192) : zrt::RGB(224, 224, 224));
+    tabs->setBorderDarkColor(zrt::RGB(64, 64, 0));
+    tabs->setBorderLightColor(zrt::RGB(128, 128, 0));
+    tabs->setInactiveTabTextColor(zrt::RGB(128, 128, 128));
     connect(tabs, &ShapedTabs::Click, this, [this, onClick](int &index) {
         const int tab = index;
         guarded([=] { onClick(tab); });
@@ -112,6 +116,7 @@ void MainFrm::buildAveragesPage()
     a.cl3->setBackStyle(1);
     a.cl3->resize(a.DD3->width(), 3 * 16 + 4);
     a.DD3->PlaceInBody(a.cl3);
+    a.DD3->setTitle(QString::fromLatin1(zrt::kPrecisionItems[0]));
     a.Label7 = Label(page, QStringLiteral("of a second"), QRect(298, 12, 100, 20));
     a.lbsort = Label(page, QStringLiteral("Sort Data Items:"), QRect(430, 12, 110, 20));
     a.Check1 = new Check(page);
