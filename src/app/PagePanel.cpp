@@ -10,6 +10,8 @@ PagePanel::PagePanel(QWidget *parent) : QWidget(parent)
 void PagePanel::setBackColor(const QColor &color)
 {
     m_backColor = color;
+    // Rounded buttons paint their cut corners in their container's colour.
+    setProperty("BackColor", color);
     update();
 }
 
