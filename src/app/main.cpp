@@ -2,6 +2,7 @@
 #include "app/MainMod1.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QMessageBox>
 
 int main(int argc, char *argv[])
@@ -9,6 +10,8 @@ int main(int argc, char *argv[])
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Zorvane Reaction Times"));
     QApplication::setApplicationVersion(QStringLiteral(ZRT_VERSION));
+    InitResources();
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/images/icon.png")));
 
     const bool ready = MainMod1::Startup(MainMod1::GetSpecialFolderPath(), [](const QString &caption,
                                                                               const QString &text) {
