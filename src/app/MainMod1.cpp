@@ -49,7 +49,12 @@ void InitColours()
 
 QString GetSpecialFolderPath()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    // A new account on some desktops has no documents folder yet; the platform names it all
+    // the same, and the program makes it, as the desktop itself would on first use.
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    if (!folder.isEmpty())
+        QDir().mkpath(folder);
+    return folder;
 }
 
 bool EnsureSettingsFile(const QString &path)

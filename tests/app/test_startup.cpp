@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -57,4 +58,16 @@ TEST(Startup, UnreadableSoundFileIsReportedAndTheProgramGoesOn)
     QString text;
     EXPECT_TRUE(MainMod1::Startup(dir.path(), [&](const QString &, const QString &t) { text = t; }));
     EXPECT_TRUE(text.startsWith("Run-time error '75': Path/File access error")) << text.toStdString();
+}
+
+TEST(Startup, AMissingDocumentsFolderIsMade)
+{
+    QStandardPaths::setTestModeEnabled(true);
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    QDir(folder).removeRecursively();
+    ASSERT_FALSE(QDir(folder).exists());
+    EXPECT_EQ(MainMod1::GetSpecialFolderPath(), folder);
+    EXPECT_TRUE(QDir(folder).exists()) << "or the settings file could never be created";
+    QDir(folder).removeRecursively();
+    QStandardPaths::setTestModeEnabled(false);
 }
