@@ -381,7 +381,7 @@ void MainFrm::P3_Resize()
     pSettings->move(inner - pSettings->width() - Label2->x(), pSettings->y());
     command1->move((inner - command1->width()) / 2, command1->y());
     Label3->move((inner - Label3->width()) / 2, Label3->y());
-    GlossButton1[0]->move(command1->x() - GlossButton1[0]->width() / 2 - 1, GlossButton1[0]->y());
+    GlossButton1[0]->move(command1->x(), GlossButton1[0]->y());
     GlossButton1[1]->move(GlossButton1[0]->x() + GlossButton1[0]->width() + tw(30), GlossButton1[1]->y());
     BuildCharacterRow();
 }
