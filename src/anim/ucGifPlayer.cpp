@@ -1,4 +1,5 @@
 #include "ucGifPlayer.h"
+#include "toolbar/EventCodes.h"
 
 #include "anim/GifEncoder.h"
 #include "common/NumberText.h"
@@ -13,34 +14,6 @@ namespace {
 
 constexpr int kBuildDelayMs = 20;
 constexpr int kMirrorDoneMark = 0x20; // frame 1 already mirrored during a delayed build
-
-short ButtonCode(Qt::MouseButton button)
-{
-    switch (button) {
-    case Qt::LeftButton: return 1;
-    case Qt::RightButton: return 2;
-    case Qt::MiddleButton: return 4;
-    default: return 0;
-    }
-}
-
-short ButtonsCode(Qt::MouseButtons buttons)
-{
-    short code = 0;
-    if (buttons & Qt::LeftButton) code |= 1;
-    if (buttons & Qt::RightButton) code |= 2;
-    if (buttons & Qt::MiddleButton) code |= 4;
-    return code;
-}
-
-short ShiftCode(Qt::KeyboardModifiers modifiers)
-{
-    short code = 0;
-    if (modifiers & Qt::ShiftModifier) code |= 1;
-    if (modifiers & Qt::ControlModifier) code |= 2;
-    if (modifiers & Qt::AltModifier) code |= 4;
-    return code;
-}
 
 } // namespace
 

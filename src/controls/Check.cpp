@@ -1,4 +1,5 @@
 #include "controls/Check.h"
+#include "toolbar/EventCodes.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -12,22 +13,6 @@
 namespace zrt {
 
 namespace {
-
-int ButtonOf(Qt::MouseButton button)
-{
-    switch (button) {
-    case Qt::LeftButton: return 1;
-    case Qt::RightButton: return 2;
-    case Qt::MiddleButton: return 4;
-    default: return 0;
-    }
-}
-
-int ShiftOf(Qt::KeyboardModifiers modifiers)
-{
-    return (modifiers & Qt::ShiftModifier ? 1 : 0) | (modifiers & Qt::ControlModifier ? 2 : 0) |
-           (modifiers & Qt::AltModifier ? 4 : 0);
-}
 
 // The box's colours in each look.
 struct BoxColors {
@@ -356,16 +341,16 @@ bool Check::eventFilter(QObject *watched, QEvent *event)
         // A quick second press is a press like any other: each one moves the value.
         const auto *e = static_cast<QMouseEvent *>(event);
         const QPointF at = child->mapTo(this, e->position().toPoint());
-        BoxMouseDown(ButtonOf(e->button()), ShiftOf(e->modifiers()), static_cast<float>(at.x()),
+        BoxMouseDown(ButtonCode(e->button()), ShiftCode(e->modifiers()), static_cast<float>(at.x()),
                      static_cast<float>(at.y()));
         return true;
     }
     case QEvent::MouseButtonRelease: {
         const auto *e = static_cast<QMouseEvent *>(event);
-        const int button = ButtonOf(e->button());
+        const int button = ButtonCode(e->button());
         const QPointF at = child->mapTo(this, e->position().toPoint());
         const bool enabled = m_Enabled;
-        BoxMouseUp(button, ShiftOf(e->modifiers()), static_cast<float>(at.x()), static_cast<float>(at.y()));
+        BoxMouseUp(button, ShiftCode(e->modifiers()), static_cast<float>(at.x()), static_cast<float>(at.y()));
         if (enabled && button == 1 && child == m_Picture1 && m_Picture1->rect().contains(e->position().toPoint()))
             Q_EMIT PictureClick();
         return true;

@@ -1,4 +1,5 @@
 #include "controls/GlossButton.h"
+#include "toolbar/EventCodes.h"
 
 #include "common/RunTimeError.h"
 #include "toolbar/MessageEngine.h"
@@ -45,40 +46,6 @@ int ClampLowFirst(int value, int low, int high)
 int GradientChannel(double t, int s, int e)
 {
     return std::clamp(RoundEven(t * e + s - t * s), 0, 255);
-}
-
-short ButtonOf(Qt::MouseButton button)
-{
-    switch (button) {
-    case Qt::LeftButton: return 1;
-    case Qt::RightButton: return 2;
-    case Qt::MiddleButton: return 4;
-    default: return 0;
-    }
-}
-
-short ButtonsOf(Qt::MouseButtons buttons)
-{
-    short value = 0;
-    if (buttons & Qt::LeftButton)
-        value |= 1;
-    if (buttons & Qt::RightButton)
-        value |= 2;
-    if (buttons & Qt::MiddleButton)
-        value |= 4;
-    return value;
-}
-
-short ShiftOf(Qt::KeyboardModifiers modifiers)
-{
-    short value = 0;
-    if (modifiers & Qt::ShiftModifier)
-        value |= 1;
-    if (modifiers & Qt::ControlModifier)
-        value |= 2;
-    if (modifiers & Qt::AltModifier)
-        value |= 4;
-    return value;
 }
 
 // The key-state word of a mouse message: left 1, right 2, shift 4, control 8, middle 16.
@@ -266,7 +233,7 @@ void GlossButton::mousePressEvent(QMouseEvent *event)
         return;
     m_AfterDoubleClick = false;
     const QPointF at = event->position();
-    HandleMouseDown(ButtonOf(event->button()), ShiftOf(event->modifiers()), static_cast<float>(at.x()),
+    HandleMouseDown(ButtonCode(event->button()), ShiftCode(event->modifiers()), static_cast<float>(at.x()),
                     static_cast<float>(at.y()));
 }
 
@@ -275,10 +242,10 @@ void GlossButton::mouseMoveEvent(QMouseEvent *event)
     event->accept();
     if (!m_Enabled)
         return;
-    const short button = ButtonsOf(event->buttons());
+    const short button = ButtonsCode(event->buttons());
     const auto x = static_cast<float>(event->position().x());
     const auto y = static_cast<float>(event->position().y());
-    Q_EMIT MouseMove(button, ShiftOf(event->modifiers()), x, y);
+    Q_EMIT MouseMove(button, ShiftCode(event->modifiers()), x, y);
     // Dragging out with the left button takes the button back up at once.
     if (button == 1 && (x < 0 || x > width() || y < 0 || y > height())) {
         MouseOver = false;
@@ -292,7 +259,7 @@ void GlossButton::mouseReleaseEvent(QMouseEvent *event)
     if (!m_Enabled)
         return;
     const QPointF at = event->position();
-    HandleMouseUp(ButtonOf(event->button()), ShiftOf(event->modifiers()), static_cast<float>(at.x()),
+    HandleMouseUp(ButtonCode(event->button()), ShiftCode(event->modifiers()), static_cast<float>(at.x()),
                   static_cast<float>(at.y()));
     // A release over the button after a plain press is a click; the release that ends a double
     // click is not a second one.

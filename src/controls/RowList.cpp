@@ -1,4 +1,5 @@
 #include "controls/RowList.h"
+#include "toolbar/EventCodes.h"
 
 #include "common/RunTimeError.h"
 
@@ -24,59 +25,13 @@ namespace {
 
 constexpr int MaxItems = 32767; // the counters are 16-bit
 
-int ButtonOf(Qt::MouseButton button)
-{
-    switch (button) {
-    case Qt::LeftButton: return 1;
-    case Qt::RightButton: return 2;
-    case Qt::MiddleButton: return 4;
-    default: return 0;
-    }
-}
-
-int ButtonsOf(Qt::MouseButtons buttons)
-{
-    return (buttons & Qt::LeftButton ? 1 : 0) | (buttons & Qt::RightButton ? 2 : 0) |
-           (buttons & Qt::MiddleButton ? 4 : 0);
-}
-
-int ShiftOf(Qt::KeyboardModifiers modifiers)
-{
-    return (modifiers & Qt::ShiftModifier ? 1 : 0) | (modifiers & Qt::ControlModifier ? 2 : 0) |
-           (modifiers & Qt::AltModifier ? 4 : 0);
-}
-
 // Key codes as the control's events report them (letters and digits keep their codes).
 int KeyCodeOf(const QKeyEvent *event)
 {
     const int key = event->key();
     if ((key >= Qt::Key_0 && key <= Qt::Key_9) || (key >= Qt::Key_A && key <= Qt::Key_Z) || key == Qt::Key_Space)
         return key;
-    if (key >= Qt::Key_F1 && key <= Qt::Key_F24)
-        return 112 + (key - Qt::Key_F1);
-    switch (key) {
-    case Qt::Key_Backspace: return 8;
-    case Qt::Key_Tab: return 9;
-    case Qt::Key_Return:
-    case Qt::Key_Enter: return 13;
-    case Qt::Key_Shift: return 16;
-    case Qt::Key_Control: return 17;
-    case Qt::Key_Alt: return 18;
-    case Qt::Key_Pause: return 19;
-    case Qt::Key_CapsLock: return 20;
-    case Qt::Key_Escape: return 27;
-    case Qt::Key_PageUp: return 33;
-    case Qt::Key_PageDown: return 34;
-    case Qt::Key_End: return 35;
-    case Qt::Key_Home: return 36;
-    case Qt::Key_Left: return 37;
-    case Qt::Key_Up: return 38;
-    case Qt::Key_Right: return 39;
-    case Qt::Key_Down: return 40;
-    case Qt::Key_Insert: return 45;
-    case Qt::Key_Delete: return 46;
-    default: return 0;
-    }
+    return SpecialKeyCode(key);
 }
 
 std::uint32_t SystemTicks()
@@ -1327,7 +1282,7 @@ bool RowList::SurfaceEvent(QEvent *event)
         return true;
     case QEvent::MouseButtonPress: {
         const auto *e = static_cast<QMouseEvent *>(event);
-        SurfaceMouseDown(ButtonOf(e->button()), ShiftOf(e->modifiers()), static_cast<float>(e->position().x()),
+        SurfaceMouseDown(ButtonCode(e->button()), ShiftCode(e->modifiers()), static_cast<float>(e->position().x()),
                          static_cast<float>(e->position().y()));
         return true;
     }
@@ -1336,16 +1291,16 @@ bool RowList::SurfaceEvent(QEvent *event)
         return true;
     case QEvent::MouseMove: {
         const auto *e = static_cast<QMouseEvent *>(event);
-        SurfaceMouseMove(ButtonsOf(e->buttons()), ShiftOf(e->modifiers()), static_cast<float>(e->position().x()),
+        SurfaceMouseMove(ButtonsCode(e->buttons()), ShiftCode(e->modifiers()), static_cast<float>(e->position().x()),
                          static_cast<float>(e->position().y()));
         return true;
     }
     case QEvent::MouseButtonRelease: {
         const auto *e = static_cast<QMouseEvent *>(event);
-        const int button = ButtonOf(e->button());
+        const int button = ButtonCode(e->button());
         const bool clicked = button == 1 && m_PressButton == 1 && m_iScr->rect().contains(e->position().toPoint());
         m_PressButton = 0;
-        SurfaceMouseUp(button, ShiftOf(e->modifiers()), static_cast<float>(e->position().x()),
+        SurfaceMouseUp(button, ShiftCode(e->modifiers()), static_cast<float>(e->position().x()),
                        static_cast<float>(e->position().y()));
         if (clicked)
             Q_EMIT Click();
@@ -1359,14 +1314,14 @@ bool RowList::SurfaceEvent(QEvent *event)
         const auto *e = static_cast<QKeyEvent *>(event);
         if (e->key() == Qt::Key_Tab || e->key() == Qt::Key_Backtab)
             return false;
-        SurfaceKeyDown(KeyCodeOf(e), ShiftOf(e->modifiers()));
+        SurfaceKeyDown(KeyCodeOf(e), ShiftCode(e->modifiers()));
         if (!e->text().isEmpty())
             Q_EMIT KeyPress(e->text().at(0).unicode());
         return true;
     }
     case QEvent::KeyRelease: {
         const auto *e = static_cast<QKeyEvent *>(event);
-        Q_EMIT KeyUp(KeyCodeOf(e), ShiftOf(e->modifiers()));
+        Q_EMIT KeyUp(KeyCodeOf(e), ShiftCode(e->modifiers()));
         return true;
     }
     case QEvent::FocusIn:

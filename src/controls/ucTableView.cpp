@@ -1,4 +1,5 @@
 #include "controls/ucTableView.h"
+#include "toolbar/EventCodes.h"
 
 #include "toolbar/MessageEngine.h"
 
@@ -39,30 +40,8 @@ Qt::Alignment AlignmentOf(int alignment)
 // Virtual-key codes for the keys whose Qt code differs; letters and digits agree already.
 int VirtualKey(const QKeyEvent *key)
 {
-    switch (key->key()) {
-    case Qt::Key_Backspace: return 8;
-    case Qt::Key_Tab: return 9;
-    case Qt::Key_Return:
-    case Qt::Key_Enter: return 13;
-    case Qt::Key_Shift: return 16;
-    case Qt::Key_Control: return 17;
-    case Qt::Key_Alt: return 18;
-    case Qt::Key_Escape: return 27;
-    case Qt::Key_Space: return 32;
-    case Qt::Key_PageUp: return 33;
-    case Qt::Key_PageDown: return 34;
-    case Qt::Key_End: return 35;
-    case Qt::Key_Home: return 36;
-    case Qt::Key_Left: return 37;
-    case Qt::Key_Up: return 38;
-    case Qt::Key_Right: return 39;
-    case Qt::Key_Down: return 40;
-    case Qt::Key_Insert: return 45;
-    case Qt::Key_Delete: return 46;
-    default: break;
-    }
-    if (key->key() >= Qt::Key_F1 && key->key() <= Qt::Key_F24)
-        return 112 + (key->key() - Qt::Key_F1);
+    if (const int code = SpecialKeyCode(key->key()))
+        return code;
     return key->key() & 0x7FFF;
 }
 

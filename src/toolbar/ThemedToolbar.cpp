@@ -1,4 +1,5 @@
 #include "toolbar/ThemedToolbar.h"
+#include "toolbar/EventCodes.h"
 
 #include "common/RunTimeError.h"
 #include "toolbar/MessageEngine.h"
@@ -29,18 +30,6 @@ QString IndexNotFound(int i) { return QStringLiteral("Button index '%1' not foun
 bool ValidLook(int iconSize, int alignment)
 {
     return iconSize >= 0 && iconSize <= 256 && alignment >= btn::IconLeft && alignment <= btn::IconBottom;
-}
-
-int MouseButtonCode(Qt::MouseButtons buttons)
-{
-    return (buttons & Qt::LeftButton ? 1 : 0) | (buttons & Qt::RightButton ? 2 : 0) |
-           (buttons & Qt::MiddleButton ? 4 : 0);
-}
-
-int ShiftCode(Qt::KeyboardModifiers modifiers)
-{
-    return (modifiers & Qt::ShiftModifier ? 1 : 0) | (modifiers & Qt::ControlModifier ? 2 : 0) |
-           (modifiers & Qt::AltModifier ? 4 : 0);
 }
 
 } // namespace
@@ -645,7 +634,7 @@ void ThemedToolbar::EndAreaPressed(QMouseEvent *event)
 void ThemedToolbar::EmitPassThrough(QWidget *surface, QMouseEvent *event, int kind)
 {
     const QPoint p = surface->mapTo(this, event->position().toPoint());
-    const int button = MouseButtonCode(kind == 1 ? event->buttons() : Qt::MouseButtons(event->button()));
+    const int button = ButtonsCode(kind == 1 ? event->buttons() : Qt::MouseButtons(event->button()));
     const int shift = ShiftCode(event->modifiers());
     if (kind == 0)
         Q_EMIT MouseDown(button, shift, p.x(), p.y());
