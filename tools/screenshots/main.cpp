@@ -20,6 +20,7 @@
 #include <QTest>
 
 #include <cstdio>
+#include <functional>
 
 namespace {
 
@@ -126,43 +127,38 @@ int main(int argc, char *argv[])
 
     SampleOfTwenty(window);
     auto press = [&](const char *key) { window.ClickToolbarButton(QString::fromLatin1(key)); };
-    press("Averages");
-    QTest::mouseClick(window.averages.cmdshowall, Qt::LeftButton);
-    Save(window, QStringLiteral("averages_1_info"));
-    window.Tab1_Click(1);
-    QTest::mouseClick(window.averages.cmdSA, Qt::LeftButton);
-    Save(window, QStringLiteral("averages_2_distribution"));
-    window.Tab1_Click(2);
-    QTest::mouseClick(window.averages.cmdBP, Qt::LeftButton);
-    Save(window, QStringLiteral("averages_3_box_plot"));
-    window.Tab1_Click(3);
-    QTest::mouseClick(window.averages.cmdSL, Qt::LeftButton);
-    Save(window, QStringLiteral("averages_4_stem_leaf"));
-
-    press("Groups");
-    QTest::mouseClick(window.groups.cmdTally, Qt::LeftButton);
-    Save(window, QStringLiteral("groups_1_tally"));
-    window.Tab2_Click(1);
-    QTest::mouseClick(window.groups.cmdR, Qt::LeftButton);
-    Save(window, QStringLiteral("groups_2_estimated_mean"));
-    window.Tab2_Click(2);
-    QTest::mouseClick(window.groups.cmdCF, Qt::LeftButton);
-    Save(window, QStringLiteral("groups_3_cumulative"));
-    window.Tab2_Click(3);
-    QTest::mouseClick(window.groups.cmdPlot, Qt::LeftButton);
-    window.groups.Check3->setValue(1);
-    window.DrawCFPlot();
-    Save(window, QStringLiteral("groups_4_cf_plot"));
-
-    press("Compare");
-    QTest::mouseClick(window.compare.cmdSG, Qt::LeftButton);
-    Save(window, QStringLiteral("compare_1_scatter"));
-    window.ShapedTabs1_Click(1);
-    QTest::mouseClick(window.compare.cmdSR, Qt::LeftButton);
-    Save(window, QStringLiteral("compare_2_spearman"));
-    window.ShapedTabs1_Click(2);
-    QTest::mouseClick(window.compare.cmdBPc, Qt::LeftButton);
-    Save(window, QStringLiteral("compare_3_boxplots"));
+    // Each analysis tab: open it, press its show button, take the picture.
+    struct Tab {
+        std::function<void()> open;
+        GlossButton *show;
+        const char *name;
+    };
+    auto &a = window.averages;
+    auto &g = window.groups;
+    auto &c = window.compare;
+    const Tab tabs[] = {
+        {[&] { press("Averages"); }, a.cmdshowall, "averages_1_info"},
+        {[&] { window.Tab1_Click(1); }, a.cmdSA, "averages_2_distribution"},
+        {[&] { window.Tab1_Click(2); }, a.cmdBP, "averages_3_box_plot"},
+        {[&] { window.Tab1_Click(3); }, a.cmdSL, "averages_4_stem_leaf"},
+        {[&] { press("Groups"); }, g.cmdTally, "groups_1_tally"},
+        {[&] { window.Tab2_Click(1); }, g.cmdR, "groups_2_estimated_mean"},
+        {[&] { window.Tab2_Click(2); }, g.cmdCF, "groups_3_cumulative"},
+        {[&] { window.Tab2_Click(3); }, g.cmdPlot, "groups_4_cf_plot"},
+        {[&] { press("Compare"); }, c.cmdSG, "compare_1_scatter"},
+        {[&] { window.ShapedTabs1_Click(1); }, c.cmdSR, "compare_2_spearman"},
+        {[&] { window.ShapedTabs1_Click(2); }, c.cmdBPc, "compare_3_boxplots"},
+    };
+    for (const Tab &tab : tabs) {
+        tab.open();
+        QTest::mouseClick(tab.show, Qt::LeftButton);
+        if (tab.show == g.cmdPlot) {
+            // The plot with its quartile reading lines.
+            g.Check3->setValue(1);
+            window.DrawCFPlot();
+        }
+        Save(window, QString::fromLatin1(tab.name));
+    }
 
     // The balloon dialogs: the outliers help and a question with Yes and No.
     auto balloon = [](const QString &name) {
