@@ -3,7 +3,6 @@
 
 #include "app/MainFrm.h"
 
-#include "app/PagePanel.h"
 #include "charts/BoxPlots.h"
 #include "charts/CorrelationScale.h"
 #include "charts/CumulativeFrequency.h"

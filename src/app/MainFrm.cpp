@@ -20,7 +20,6 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QLabel>
-#include <QMessageBox>
 #include <QPainter>
 #include <QThread>
 
@@ -118,7 +117,8 @@ void MainFrm::Form_Load()
         palette.setColor(QPalette::WindowText, MainMod1::GradientDarkColour);
         Label2->setPalette(palette);
     }
-    resize(tw(11775) + 16, tw(9255) + 24);
+    // The window opens at its design size: the toolbar strip's width and the column's foot.
+    resize(tw(11775), tw(690 + 8565));
     Form_Resize();
     m_timers.SetTimer(TimerIdlePeek, 2500);
 }
@@ -422,14 +422,6 @@ void MainFrm::paintClientGradient(QPainter &painter)
 
 bool MainFrm::pageButton(int index) const { return ThemedToolbar1->BtnValue(index); }
 
-int MainFrm::visiblePage() const
-{
-    for (int i = 0; i < 3; ++i)
-        if (p4[i] && p4[i]->isVisible())
-            return i;
-    return -1;
-}
-
 void MainFrm::ToolbarButtonClick(const QString &key)
 {
     if (key == QLatin1String("Open")) {
@@ -450,8 +442,10 @@ void MainFrm::ToolbarButtonClick(const QString &key)
         for (int i : {7, 8, 9})
             ThemedToolbar1->setBtnValue(i, false);
     } else {
-        const int page = key == QLatin1String("Averages") ? 0 : key == QLatin1String("Groups") ? 1 : 2;
-        if (key != QLatin1String("Averages") && key != QLatin1String("Groups") && key != QLatin1String("Compare"))
+        static const QStringList pages = {QStringLiteral("Averages"), QStringLiteral("Groups"),
+                                          QStringLiteral("Compare")};
+        const int page = static_cast<int>(pages.indexOf(key));
+        if (page < 0)
             return;
         Stop_All_Timers();
         const int button = 7 + page;

@@ -108,7 +108,6 @@ public:
     void Reset_tags();
     void TestTimerProc(int timerId);
     bool pageButton(int index) const;
-    int visiblePage() const; // -1 Record, else the analysis page shown
     void ShowAnalysisPage(int page);
     void RefreshAveragesPage();
     void RefreshGroupsPage();
@@ -165,7 +164,6 @@ public:
     void ucGifPlayer1_MouseDown(int index);
     void Settings_Enabled(bool enabled);
     int AttemptsWanted() const;   // the number in DD2's title
-    int CharactersWanted() const; // the number in dd1's title
 
     // ---- Audio test ----
     void cmdStartAudio_Click();
@@ -174,9 +172,6 @@ public:
     void AudioIdle();
     void ucgif_MouseDown();
     void Timer1_Timer();
-
-Q_SIGNALS:
-    void AboutRequested();
 
 protected:
     void resizeEvent(QResizeEvent *event) override;

@@ -118,10 +118,12 @@ void MainFrm::ucgif_MouseDown()
     cmdadd[1]->show();
     timers().KillTimer(TimerAudioIdle);
     timers().KillTimer(TimerAudioCue);
-    // The walk must end before the run does; it runs on this thread, so let it.
+    // The walk must end before the run does; it runs on this thread, so let it. A walk whose
+    // tick is not armed (stopped by a page button, or this press came inside a tick) cannot go
+    // on while we wait, so it holds nothing up.
     while (WalkerBusy && Timer1->isActive())
         pump();
-    WalkerBusy = WalkerBusy && Timer1->isActive();
+    WalkerBusy = false;
     timers().KillTimer(TimerWalker);
     ucgif->setAction(3);
 }

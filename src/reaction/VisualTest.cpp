@@ -31,7 +31,6 @@ constexpr float kVisualLimit = 1.7f;
 } // namespace
 
 int MainFrm::AttemptsWanted() const { return static_cast<int>(zrt::Val(DD2->Title().toStdString())); }
-int MainFrm::CharactersWanted() const { return static_cast<int>(zrt::Val(dd1->Title().toStdString())); }
 
 void MainFrm::Settings_Enabled(bool enabled)
 {
