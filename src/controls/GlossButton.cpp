@@ -287,6 +287,8 @@ void GlossButton::keyPressEvent(QKeyEvent *event)
         return;
     }
     event->accept();
+    if (!event->isAutoRepeat())
+        m_EnterDown = m_Enabled;
     if (m_Enabled)
         HandleMouseDown(1, 0, 0, 0);
 }
@@ -298,8 +300,10 @@ void GlossButton::keyReleaseEvent(QKeyEvent *event)
         return;
     }
     event->accept();
-    if (!m_Enabled || event->isAutoRepeat())
+    // A release whose press went elsewhere (a dialog closed by that press, say) is no click.
+    if (!m_Enabled || event->isAutoRepeat() || !m_EnterDown)
         return;
+    m_EnterDown = false;
     HandleMouseUp(1, 0, 0, 0);
     Q_EMIT Click();
 }
@@ -316,6 +320,7 @@ void GlossButton::focusOutEvent(QFocusEvent *event)
 {
     QWidget::focusOutEvent(event);
     HasFocus = false;
+    m_EnterDown = false;
     if (m_Enabled && !m_Checked)
         PaintButton(StateNormal);
 }

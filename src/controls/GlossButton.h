@@ -237,6 +237,8 @@ private:
     ButtonState m_PaintedState = StateNormal;
     int m_PaintCount = 0;
     bool m_AfterDoubleClick = false;
+    // Enter went down on this button; only then does its release click it.
+    bool m_EnterDown = false;
     bool m_ReadingProperties = false;
     // The size and style the region was last made for, so a repaint does not rebuild it.
     QSize m_RegionSize;

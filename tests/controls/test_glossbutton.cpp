@@ -474,6 +474,17 @@ TEST(GlossButtonStates, EnterKeyPressesAndClicksSpaceDoesNothing)
     Key(f.button, QEvent::KeyPress, Qt::Key_Enter);
     Key(f.button, QEvent::KeyRelease, Qt::Key_Enter);
     EXPECT_EQ(click.count(), 2);
+
+    // A release whose press went to another window (a dialog that the press closed) is no click.
+    Key(f.button, QEvent::KeyRelease, Qt::Key_Return);
+    EXPECT_EQ(click.count(), 2);
+    EXPECT_EQ(up.count(), 2);
+    // Nor is one after focus left between press and release.
+    Key(f.button, QEvent::KeyPress, Qt::Key_Return);
+    QFocusEvent out(QEvent::FocusOut);
+    QApplication::sendEvent(f.button, &out);
+    Key(f.button, QEvent::KeyRelease, Qt::Key_Return);
+    EXPECT_EQ(click.count(), 2);
 }
 
 TEST(GlossButtonStates, DoubleClickFocusAndChecked)
