@@ -10,6 +10,7 @@
 #include <QFile>
 #include <QIODevice>
 #include <QMediaDevices>
+#include <QTimer>
 
 #include <cstring>
 
@@ -73,7 +74,11 @@ zrt::SampleKind kindOf(QAudioFormat::SampleFormat f)
 
 } // namespace
 
-SoundPlayer::SoundPlayer(QObject *parent) : QObject(parent) {}
+SoundPlayer::SoundPlayer(QObject *parent) : QObject(parent), m_feeder(new QTimer(this))
+{
+    m_feeder->setInterval(5);
+    connect(m_feeder, &QTimer::timeout, this, &SoundPlayer::feed);
+}
 
 SoundPlayer::~SoundPlayer()
 {
@@ -138,7 +143,28 @@ void SoundPlayer::startSink(const zrt::WaveData &wave, bool loop)
         m_sink = std::make_unique<QAudioSink>(device, format);
     const int bytesPerMs = format.bytesForDuration(1000);
     m_sink->setBufferSize(std::max<qsizetype>(format.bytesPerFrame(), qsizetype(bytesPerMs) * m_bufferMs));
-    m_sink->start(m_source.get());
+    m_push = m_sink->start();
+    feed();
+    m_feeder->start();
+}
+
+void SoundPlayer::feed()
+{
+    if (!m_sink || !m_push || !m_source) {
+        m_feeder->stop();
+        return;
+    }
+    const int frame = std::max(1, m_sinkFormat.bytesPerFrame());
+    qsizetype room = m_sink->bytesFree();
+    room -= room % frame;
+    if (room > 0) {
+        QByteArray chunk(room, Qt::Uninitialized);
+        const qint64 n = m_source->read(chunk.data(), room);
+        if (n > 0)
+            m_push->write(chunk.constData(), n);
+    }
+    if (!m_looping && m_source->remaining() == 0)
+        m_feeder->stop();
 }
 
 void SoundPlayer::StopSound()
@@ -160,6 +186,8 @@ void SoundPlayer::silence()
         m_sink->reset(); // drops what is queued instead of playing it out
         m_sink->stop();
     }
+    m_feeder->stop();
+    m_push = nullptr;
     if (m_source && !m_looping)
         m_lastDiscarded += m_source->remaining();
     m_source.reset();

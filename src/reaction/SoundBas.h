@@ -16,6 +16,8 @@
 #include <memory>
 
 class QAudioSink;
+class QIODevice;
+class QTimer;
 
 namespace SoundBas {
 
@@ -59,13 +61,18 @@ public:
 private:
     void startSink(const zrt::WaveData &wave, bool loop);
     void silence();
+    void feed();
 
     std::unique_ptr<QAudioSink> m_sink;
     std::unique_ptr<LoopingSource> m_source;
+    // The sink is fed by hand (push mode): some backends never pull from a device whose period
+    // does not fit their buffer, and a sound would then never start.
+    QIODevice *m_push = nullptr;
+    QTimer *m_feeder = nullptr;
     zrt::PcmFormat m_sinkFormat;
     bool m_looping = false;
     bool m_playing = false;
-    int m_bufferMs = 20;
+    int m_bufferMs = 50;
     qint64 m_lastDiscarded = 0;
     QStringList m_history;
     bool m_recording = false;
