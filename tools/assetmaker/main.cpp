@@ -41,12 +41,15 @@ bool SaveImage(const QString &path, const QImage &image)
 
 std::vector<NamedGif> MakeCharacterGifs()
 {
-    const AnimationTiming pop{10, 2, 0};
+    // One pass each: a player plays whenever it is shown, so a page that appears greets the pupil
+    // once and its figures then rest until the game moves them. A figure that looped for ever
+    // would stand up by itself and could be taken for the stimulus.
+    const AnimationTiming pop{10, 2, 1};
     return {
         {"character1.gif", assetmaker::EncodeAnimation(assetmaker::CharacterFrames(1), pop)},
         {"character2.gif", assetmaker::EncodeAnimation(assetmaker::CharacterFrames(2), pop)},
-        {"audio_target.gif", assetmaker::EncodeAnimation(assetmaker::AudioTargetFrames(), AnimationTiming{100, 2, 0})},
-        {"walker.gif", assetmaker::EncodeAnimation(assetmaker::WalkerFrames(), AnimationTiming{0, 2, 0})},
+        {"audio_target.gif", assetmaker::EncodeAnimation(assetmaker::AudioTargetFrames(), AnimationTiming{100, 2, 1})},
+        {"walker.gif", assetmaker::EncodeAnimation(assetmaker::WalkerFrames(), AnimationTiming{0, 2, 1})},
     };
 }
 
