@@ -29,6 +29,25 @@ namespace {
 
 // Design sizes of the main area, in twips.
 constexpr int kPageHeightTw = 8400;
+constexpr int kPageHeight = kPageHeightTw / 15;
+
+// The band under the stage, in pixels: the list of times on the left, the run's buttons and
+// verdict in the middle, the settings on the right.
+constexpr int kRunTop = 400;
+constexpr int kVerdictTop = 432;
+constexpr int kListLeft = 8;
+constexpr int kListTop = 420;
+constexpr int kListWidth = 130;
+constexpr int kStartWidth = 110;
+constexpr int kResultButtonWidth = 104;
+constexpr int kButtonHeight = 30;
+constexpr int kVerdictWidth = 300;
+constexpr int kAudioVerdictWidth = 380;
+constexpr int kGap = 8;
+constexpr int kSettingsTop = 398;
+constexpr int kSettingsMargin = 4;
+constexpr int kSettingsRowHeight = 24;
+constexpr int kSettingsListWidth = 60;
 constexpr int kPageWidthCapTw = 12240;
 constexpr int kLeftColumnWidthTw = 2595;
 
@@ -43,6 +62,11 @@ QLabel *NewLabel(QWidget *parent, const QString &text, const QRect &geometry)
 }
 
 } // namespace
+
+QVariantMap CharacterProperties(const QByteArray &gif)
+{
+    return {{QStringLiteral("GIF"), gif}, {QStringLiteral("Stretch"), 3}, {QStringLiteral("DelayLoad"), 2}};
+}
 
 QByteArray ResourceBytes(const QString &path)
 {
@@ -68,6 +92,7 @@ MainFrm::MainFrm(QWidget *parent, bool manualTimers) : QMainWindow(parent)
     setCentralWidget(m_client);
     m_timers.setCallback([this](int id) { guarded([this, id] { TestTimerProc(id); }); });
     m_sleep = [](int ms) { QThread::msleep(static_cast<unsigned long>(ms)); };
+    m_hasAudioOutput = [] { return SoundBas::SoundPlayer::instance().hasOutput(); };
     m_character1 = ResourceBytes(QStringLiteral(":/gif/character1.gif"));
     m_character2 = ResourceBytes(QStringLiteral(":/gif/character2.gif"));
     Form_Load();
@@ -112,14 +137,17 @@ void MainFrm::Form_Load()
     arange_data_lists();
     cmdRemove->raise();
     P2->setBackColor(MainMod1::PanelColour);
-    {
-        QPalette palette = Label2->palette();
-        palette.setColor(QPalette::WindowText, MainMod1::GradientDarkColour);
-        Label2->setPalette(palette);
+    // The headings of the two lists of times in the dark green of the program's texts: the light
+    // strip colour they once had could hardly be read on the stage's pale ground.
+    for (QLabel *heading : {Label2, Label10}) {
+        QPalette palette = heading->palette();
+        palette.setColor(QPalette::WindowText, MainMod1::DarkGreenColour);
+        heading->setPalette(palette);
     }
     // The window opens at its design size: the toolbar strip's width and the column's foot.
     resize(tw(11775), tw(690 + 8565));
     Form_Resize();
+    nameControls();
     m_timers.SetTimer(TimerIdlePeek, 2500);
 }
 
@@ -208,7 +236,11 @@ void MainFrm::buildLeftColumn()
         Check5[i]->setCaption(i == 0 ? QStringLiteral("Visual Data") : QStringLiteral("Audio Data"));
         Check5[i]->setBackColor(zrt::ToOleColor(MainMod1::HeaderColour));
         Check5[i]->setForeColor(zrt::RGB(255, 255, 255));
-        Check5[i]->resize(82, 18);
+        // A size smaller than the column's text, so each caption fits its half of the strip.
+        QFont small = Check5[i]->font();
+        small.setPointSizeF(small.pointSizeF() * 0.9);
+        Check5[i]->setFont(small);
+        Check5[i]->resize(P2->width() / 2 - 2, 18);
         connect(Check5[i], &Check::Click, this, [this, i] { guarded([this, i] { Check5_Click(i); }); });
     }
     Check5[0]->move(1, (piclbl->height() - Check5[0]->height()) / 2);
@@ -225,6 +257,15 @@ void MainFrm::buildLeftColumn()
     connect(cl2, &RowList::MouseUp, this, [=, this] { follow(cl2, CL4, true); });
     connect(CL4, &RowList::MouseDown, this, [=, this] { follow(CL4, cl2, false); });
     connect(CL4, &RowList::MouseUp, this, [=, this] { follow(CL4, cl2, false); });
+    // Scrolled in step as well: a visual time and its audio partner always share a line.
+    connect(cl2, &RowList::TopIndexChange, this, [this] {
+        if (CL4->isVisible() && CL4->TopIndex() != cl2->TopIndex())
+            CL4->setTopIndex(cl2->TopIndex());
+    });
+    connect(CL4, &RowList::TopIndexChange, this, [this] {
+        if (cl2->TopIndex() != CL4->TopIndex())
+            cl2->setTopIndex(CL4->TopIndex());
+    });
     connect(P2, &PagePanel::Resize, this, [this] { guarded([this] { arange_data_lists(); }); });
 }
 
@@ -241,47 +282,54 @@ void MainFrm::buildRecordPage()
 
     command1 = new GlossButton(P3);
     command1->setCaption(QStringLiteral("Start"));
-    command1->setGeometry(0, 400, 110, 30);
+    command1->setGeometry(0, kRunTop, kStartWidth, kButtonHeight);
     connect(command1, &GlossButton::Click, this, [this] { guarded([this] { command1_Click(); }); });
-    Label3 = NewLabel(P3, QStringLiteral("Average Reaction time"), QRect(0, 434, 300, 38));
+    Label3 = NewLabel(P3, QStringLiteral("Average Reaction time"), QRect(0, kVerdictTop, kVerdictWidth, 0));
     Label3->setAlignment(Qt::AlignCenter);
     Label3->hide();
     for (int i = 0; i < 2; ++i) {
         GlossButton1[i] = new GlossButton(P3);
         GlossButton1[i]->setCaption(i == 0 ? QStringLiteral("Add Result") : QStringLiteral("Cancel"));
-        GlossButton1[i]->setGeometry(0, 478, 110, 30);
+        GlossButton1[i]->setGeometry(0, 0, kResultButtonWidth, kButtonHeight);
         GlossButton1[i]->hide();
         connect(GlossButton1[i], &GlossButton::Click, this,
                 [this, i] { guarded([this, i] { GlossButton1_Click(i); }); });
     }
-    Label2 = NewLabel(P3, QStringLiteral("Reaction Times:"), QRect(8, 400, 150, 18));
+    Label2 = NewLabel(P3, QStringLiteral("Reaction Times:"), QRect(kListLeft, kRunTop, kListWidth, 18));
     cl1 = new RowList(P3);
-    cl1->setGeometry(8, 420, 160, tw(1710));
+    cl1->setGeometry(kListLeft, kListTop, kListWidth, tw(1710));
+    // Lines of the verdict: the mean may wrap, and the too-slow warning adds one.
+    Label3->resize(Label3->width(), Label3->fontMetrics().lineSpacing() * 3 + 4);
     buildSettingsPanel();
     connect(P3, &PagePanel::Resize, this, [this] { guarded([this] { P3_Resize(); }); });
 }
 
 void MainFrm::buildSettingsPanel()
 {
+    // A compact panel in the page's lower right corner: each caption with its list beside it, the
+    // check box below. It fills the band under the stage to the page's foot, so that the longer
+    // list drops down inside it, and leaves the middle free for Start and the result.
     pSettings = new PagePanel(P3);
     pSettings->setBackColor(QColor(236, 240, 226));
-    pSettings->setGeometry(0, 398, 262, 160);
-    Label1[0] = NewLabel(pSettings, QStringLiteral("Number of Zorvanes:"), QRect(4, 2, 130, 18));
-    Label1[1] = NewLabel(pSettings, QStringLiteral("Number of attempts:"), QRect(136, 2, 126, 18));
+    Label1[0] = NewLabel(pSettings, QStringLiteral("Number of Zorvanes:"), QRect());
+    Label1[1] = NewLabel(pSettings, QStringLiteral("Number of attempts:"), QRect());
+    int captionWidth = 0;
     for (QLabel *label : Label1) {
         label->setWordWrap(false);
         QFont small = label->font();
         small.setPointSizeF(small.pointSizeF() * 0.9);
         label->setFont(small);
+        captionWidth = std::max(captionWidth, label->fontMetrics().horizontalAdvance(label->text()) + 4);
     }
+    const int listLeft = kSettingsMargin + captionWidth + kSettingsMargin;
 
     dd1 = new DropPanel(pSettings);
-    dd1->setGeometry(4, 20, 120, 22);
+    dd1->setGeometry(listLeft, 0, kSettingsListWidth, 22);
     List1 = new RowList(dd1);
     for (int i = 1; i <= 5; ++i)
         List1->AddItem(QString::number(i));
     DD2 = new DropPanel(pSettings);
-    DD2->setGeometry(136, 20, 120, 22);
+    DD2->setGeometry(listLeft, kSettingsRowHeight, kSettingsListWidth, 22);
     List2 = new RowList(DD2);
     for (int i = 4; i <= 10; ++i)
         List2->AddItem(QString::number(i));
@@ -290,35 +338,45 @@ void MainFrm::buildSettingsPanel()
         list->resize(panel->width(), list->ListCount() * 16 + 4);
         panel->PlaceInBody(list);
     }
+    for (int i = 0; i < 2; ++i)
+        Label1[i]->setGeometry(kSettingsMargin, i * kSettingsRowHeight + 3, captionWidth, 18);
     connect(List1, &RowList::ListIndexChange, this, [this] { guarded([this] { List1_Click(); }); });
     connect(List2, &RowList::ListIndexChange, this, [this] { guarded([this] { List2_Click(); }); });
 
     Check4 = new Check(pSettings);
     Check4->setCaption(QStringLiteral("Compare visual && audio"));
-    Check4->setGeometry(4, 50, 220, 20);
+    const int checkWidth = Check4->fontMetrics().horizontalAdvance(QStringLiteral("Compare visual & audio")) + 28;
+    Check4->setGeometry(kSettingsMargin, 2 * kSettingsRowHeight + 4, checkWidth, 20);
     Check4->setValue(1);
+    Check4->setBackColor(zrt::ToOleColor(pSettings->backColor()));
     connect(Check4, &Check::Click, this, [this] { guarded([this] { Check4_Click(); }); });
+    const int width = std::max(listLeft + kSettingsListWidth, kSettingsMargin + checkWidth) + kSettingsMargin;
+    pSettings->setGeometry(0, kSettingsTop, width, kPageHeight - kSettingsTop);
 }
 
 void MainFrm::buildAudioStage()
 {
-    P5 = new PagePanel(m_client);
-    P5->setGeometry(P3->geometry());
+    // Laid over the Record page as its child: it goes and comes back with that page, so it can
+    // never stand over an analysis page.
+    P5 = new PagePanel(P3);
+    P5->setGeometry(P3->rect());
     P5->setBackColor(QColor(236, 240, 226));
     P5->setPicture(ResourceImage(QStringLiteral("audio_stage.png")));
     P5->hide();
 
+    // The players take the values the window stores for them: the target as the characters; the
+    // walker at its natural size, a tenth of a second at least per frame, built after load and
+    // not playing by itself.
     ucgif = new ucGifPlayer(P5);
-    ucgif->setDelayAnimation(0);
-    ucgif->LoadAnimatedGIF_Array(ResourceBytes(QStringLiteral(":/gif/audio_target.gif")));
-    ucgif->setGeometry(0, 0, 110, 394);
-    ucgif->setAction(0);
+    ucgif->resize(110, 394);
+    ucgif->ReadProperties(CharacterProperties(ResourceBytes(QStringLiteral(":/gif/audio_target.gif"))));
     connect(ucgif, &ucGifPlayer::MouseDown, this, [this] { guarded([this] { ucgif_MouseDown(); }); });
     ucGifPlayer2 = new ucGifPlayer(P5);
-    ucGifPlayer2->setDelayAnimation(0);
-    ucGifPlayer2->LoadAnimatedGIF_Array(ResourceBytes(QStringLiteral(":/gif/walker.gif")));
+    ucGifPlayer2->ReadProperties({{QStringLiteral("GIF"), ResourceBytes(QStringLiteral(":/gif/walker.gif"))},
+                                  {QStringLiteral("Delay"), 100},
+                                  {QStringLiteral("Stretch"), 4},
+                                  {QStringLiteral("DelayLoad"), 2}});
     ucGifPlayer2->setGeometry(P5->width(), 220, 179, 174);
-    ucGifPlayer2->setAction(0);
 
     IMmsg1 = new QLabel(P5);
     IMmsg1->setPixmap(QPixmap::fromImage(ResourceImage(QStringLiteral("audio_invitation.png"))));
@@ -326,21 +384,23 @@ void MainFrm::buildAudioStage()
 
     cmdStartAudio = new GlossButton(P5);
     cmdStartAudio->setCaption(QStringLiteral("Start"));
-    cmdStartAudio->setGeometry(0, 400, 110, 30);
+    cmdStartAudio->setGeometry(0, kRunTop, kStartWidth, kButtonHeight);
     connect(cmdStartAudio, &GlossButton::Click, this, [this] { guarded([this] { cmdStartAudio_Click(); }); });
-    l9 = NewLabel(P5, QString(), QRect(0, 434, 380, 52));
+    l9 = NewLabel(P5, QString(), QRect(0, kVerdictTop, kAudioVerdictWidth, 0));
     l9->setAlignment(Qt::AlignCenter);
+    // Four lines: the heading, both means (which may wrap) and the too-slow warning.
+    l9->resize(l9->width(), l9->fontMetrics().lineSpacing() * 4 + 4);
     l9->hide();
     for (int i = 0; i < 2; ++i) {
         cmdadd[i] = new GlossButton(P5);
         cmdadd[i]->setCaption(i == 0 ? QStringLiteral("Add Result") : QStringLiteral("Cancel"));
-        cmdadd[i]->setGeometry(0, 490, 110, 30);
+        cmdadd[i]->setGeometry(0, l9->y() + l9->height() + 4, kStartWidth, kButtonHeight);
         cmdadd[i]->hide();
         connect(cmdadd[i], &GlossButton::Click, this, [this, i] { guarded([this, i] { cmdadd_Click(i); }); });
     }
-    Label10 = NewLabel(P5, QStringLiteral("Reaction Times:"), QRect(8, 400, 150, 18));
+    Label10 = NewLabel(P5, QStringLiteral("Reaction Times:"), QRect(kListLeft, kRunTop, kListWidth, 18));
     cl5 = new RowList(P5);
-    cl5->setGeometry(8, 420, 160, tw(1710));
+    cl5->setGeometry(kListLeft, kListTop, kListWidth, tw(1710));
 
     Timer1 = new QTimer(this);
     // The walker asks for the fastest tick; the classic desktop answered a 1 ms request about
@@ -365,13 +425,16 @@ void MainFrm::Form_Resize()
     const int innerHeight = m_client->height();
     Ptoolbar->setGeometry(0, 0, innerWidth, Ptoolbar->height());
     P2->setGeometry(0, Ptoolbar->height(), P2->width(), innerHeight - Ptoolbar->height());
-    for (PagePanel *page : {P3, P5}) {
+    {
+        PagePanel *page = P3;
         const int top = Ptoolbar->height() + (innerHeight - page->height() - Ptoolbar->height()) / 2;
         const int w = innerWidth - P2->width() - tw(690);
         const int width = std::max(0, std::min(w, tw(kPageWidthCapTw)));
         const int left = P2->width() + (innerWidth - width - P2->width()) / 2;
         page->setGeometry(left, top, width, page->height());
     }
+    // The audio stage covers the Record page exactly.
+    P5->setGeometry(P3->rect());
     for (auto *page : p4)
         if (page)
             page->setGeometry(P3->geometry());
@@ -381,21 +444,53 @@ void MainFrm::P3_Resize()
 {
     const int inner = P3->width();
     pSettings->move(inner - pSettings->width() - Label2->x(), pSettings->y());
-    command1->move((inner - command1->width()) / 2, command1->y());
-    Label3->move((inner - Label3->width()) / 2, Label3->y());
-    GlossButton1[0]->move(command1->x(), GlossButton1[0]->y());
-    GlossButton1[1]->move(GlossButton1[0]->x() + GlossButton1[0]->width() + tw(30), GlossButton1[1]->y());
+    layoutRunColumn(inner);
     BuildCharacterRow();
 }
+
+// Start, the verdict and the two result buttons stand in the middle of the page (Add under
+// Start, Cancel beside it) while that leaves them clear of the list on the left and the settings
+// on the right; on a narrower page they keep their order, centred in the room between the two.
+void MainFrm::layoutRunColumn(int inner)
+{
+    const int roomLeft = cl1->x() + cl1->width() + kGap;
+    const int roomRight = pSettings->x() - kGap;
+    const int pairWidth = 2 * kResultButtonWidth + tw(30);
+    const int verdictWidth = std::min(kVerdictWidth, roomRight - roomLeft);
+    Label3->resize(verdictWidth, Label3->height());
+
+    int start = (inner - command1->width()) / 2;
+    int verdict = (inner - verdictWidth) / 2;
+    int add = start;
+    const bool centredFits = add >= roomLeft && add + pairWidth <= roomRight && verdict >= roomLeft &&
+                             verdict + verdictWidth <= roomRight;
+    if (!centredFits) {
+        const int middle = (roomLeft + roomRight) / 2;
+        start = middle - command1->width() / 2;
+        verdict = middle - verdictWidth / 2;
+        add = middle - pairWidth / 2;
+    }
+    command1->move(start, kRunTop);
+    Label3->move(verdict, kVerdictTop);
+    const int buttonsTop = Label3->y() + Label3->height() + 2;
+    GlossButton1[0]->move(add, buttonsTop);
+    GlossButton1[1]->move(add + kResultButtonWidth + tw(30), buttonsTop);
+}
+
+void MainFrm::placeListenBalloon() { IMmsg1->move(ucgif->x() + ucgif->width() / 2, 0); }
 
 void MainFrm::P5_Resize()
 {
     const int width = P5->width();
     ucgif->move((width - ucgif->width()) / 2, ucgif->y());
-    if (IMmsg1->isVisible())
-        IMmsg1->move(ucgif->x() + ucgif->width() / 2, 0);
+    // The balloon's own flag, not whether it is on screen: the stage is hidden when it is laid out.
+    if (!IMmsg1->isHidden())
+        placeListenBalloon();
     ucGifPlayer2->move(width, ucGifPlayer2->y());
     cmdStartAudio->move((width - cmdStartAudio->width()) / 2, cmdStartAudio->y());
+    // The result text may not run over the list of times on the left.
+    const int room = width - 2 * (cl5->x() + cl5->width() + kGap);
+    l9->resize(std::min(kAudioVerdictWidth, std::max(kStartWidth, room)), l9->height());
     l9->move((width - l9->width()) / 2, l9->y());
     cmdadd[0]->move((width - cmdadd[0]->width()) / 2, cmdadd[0]->y());
     cmdadd[1]->move(width - cmdadd[1]->width() - tw(60), cmdadd[1]->y());
@@ -506,6 +601,10 @@ void MainFrm::Label5_Change()
         page->hide();
     P3->show();
     ThemedToolbar1->setBtnValue(5, true);
+    // The bar shows the Record page as the one chosen; a page button left down would take the
+    // next press on it for a second press and go back to Record instead of opening the page.
+    for (int i : {7, 8, 9})
+        ThemedToolbar1->setBtnValue(i, false);
 }
 
 void MainFrm::Refresh_Data()

@@ -14,6 +14,7 @@
 #include <QPointer>
 #include <QString>
 #include <QTimer>
+#include <QVariantMap>
 
 #include <array>
 #include <cstdint>
@@ -80,6 +81,9 @@ public:
     TimerService &timers() { return m_timers; }
     // The blocking pause of the walker's show; tests replace it.
     void setSleep(std::function<void(int ms)> sleep) { m_sleep = std::move(sleep); }
+    // Whether the machine can play sound; tests give their own answer.
+    void setAudioOutputCheck(std::function<bool()> check) { m_hasAudioOutput = std::move(check); }
+    bool hasAudioOutput() const { return m_hasAudioOutput(); }
 
     // ---- Controls, by their names on the window ----
     PagePanel *Ptoolbar = nullptr;
@@ -167,6 +171,7 @@ public:
 
     // ---- Audio test ----
     void cmdStartAudio_Click();
+    void TellNoSoundOutput();
     void StartAudioDelay();
     void AudioCue();
     void AudioIdle();
@@ -180,6 +185,7 @@ protected:
 
 private:
     void Form_Load();
+    void nameControls();
     void buildToolbarStrip();
     void buildLeftColumn();
     void buildRecordPage();
@@ -199,6 +205,8 @@ private:
     void buildToolbar();
     void Form_Resize();
     void P3_Resize();
+    void layoutRunColumn(int inner);
+    void placeListenBalloon();
     void P5_Resize();
     void BuildCharacterRow();
     ucGifPlayer *newCharacter(const QByteArray &gif);
@@ -215,8 +223,12 @@ private:
     RandomSource m_chance;
     TimerService m_timers;
     std::function<void(int)> m_sleep;
+    std::function<bool()> m_hasAudioOutput;
     QByteArray m_character1, m_character2;
 };
+
+// What the window stores for a character player: its picture, scaled down only, built after load.
+QVariantMap CharacterProperties(const QByteArray &gif);
 
 // The free text every control carries.
 QString Tag(const QObject *control);

@@ -10,6 +10,8 @@
 #include "common/RunTimeError.h"
 #include "controls/GlossButton.h"
 #include "controls/RowList.h"
+#include "app/MsgBox.h"
+#include "dialogs/MsgBoxes.h"
 #include "reaction/SoundBas.h"
 #include "reaction/mStopWatch.h"
 
@@ -19,10 +21,10 @@ namespace {
 
 constexpr float kAudioLimit = 1.3f;
 
+// Every sound plays, whatever the settings file says of sound.
 void Play(int buffer, int flags)
 {
-    if (!MainMod1::Sounds.SoundDisabled)
-        SoundBas::SoundPlayer::instance().PlaySound(MainMod1::Sounds.buffers[static_cast<size_t>(buffer - 1)], flags);
+    SoundBas::SoundPlayer::instance().PlaySound(MainMod1::Sounds.buffers[static_cast<size_t>(buffer - 1)], flags);
 }
 
 } // namespace
@@ -34,8 +36,22 @@ void MainFrm::StartAudioDelay()
     timers().SetTimer(TimerAudioCue, seconds * 1000);
 }
 
+void MainFrm::TellNoSoundOutput()
+{
+    zrt::msg_Box(QStringLiteral("This computer has no sound output, so the audio test can't be run.") + "\n" +
+                     QStringLiteral("Connect speakers or headphones and start again, or press Cancel."),
+                 vbExclamation, QStringLiteral("No Sound"), this);
+}
+
 void MainFrm::cmdStartAudio_Click()
 {
+    if (!hasAudioOutput()) {
+        // The sound went away since the stage opened: say so, and leave the way out open.
+        TellNoSoundOutput();
+        cmdadd[0]->setEnabled(false);
+        cmdadd[1]->show();
+        return;
+    }
     cl1->Clear();
     IMmsg1->hide();
     AttemptCount = 0;

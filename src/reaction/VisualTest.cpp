@@ -54,11 +54,9 @@ void MainFrm::List2_Click()
 ucGifPlayer *MainFrm::newCharacter(const QByteArray &gif)
 {
     auto *character = new ucGifPlayer(P3);
-    // Every frame is built at load, so the game can step to any of them at once.
-    character->setDelayAnimation(0);
-    character->LoadAnimatedGIF_Array(gif);
-    character->setStretch(3);
-    character->setAction(0); // down, on its first frame, until the game moves it
+    // As the window keeps its characters: scaled down only, the rest of the frames built on the
+    // player's build timer, no play of its own after the build. It rests on its first frame.
+    character->ReadProperties(CharacterProperties(gif));
     return character;
 }
 
@@ -89,6 +87,7 @@ void MainFrm::BuildCharacterRow()
     }
     for (int i = 0; i < n; ++i) {
         ucGifPlayer *character = ucGifPlayer1[i];
+        character->setObjectName(QStringLiteral("ucGifPlayer1_") + QString::number(i));
         disconnect(character, &ucGifPlayer::MouseDown, this, nullptr);
         connect(character, &ucGifPlayer::MouseDown, this,
                 [this, i] { guarded([this, i] { ucGifPlayer1_MouseDown(i); }); });
@@ -97,9 +96,13 @@ void MainFrm::BuildCharacterRow()
     const int offset = (P3->width() - n * width) / 2;
     for (int i = 0; i < n; ++i)
         ucGifPlayer1[i]->move(i * width + offset, ucGifPlayer1[i]->y());
-    if (IMmsg->isVisible())
+    // The picture's own flag: the page may be hidden while its row is rebuilt.
+    if (!IMmsg->isHidden())
         IMmsg->move(ucGifPlayer1[0]->x() + width / 2, 0);
     IMmsg->raise();
+    // The audio stage stays in front of everything on the Record page.
+    if (P5)
+        P5->raise();
     P3->setUpdatesEnabled(true);
 }
 
@@ -162,9 +165,9 @@ void MainFrm::ucGifPlayer1_MouseDown(int index)
         }
         return;
     }
-    // The hit sound is asked for before the reading: its cost counts into the time.
-    if (!MainMod1::Sounds.SoundDisabled)
-        SoundBas::SoundPlayer::instance().PlaySound(MainMod1::Sounds.buffers[2], 5);
+    // The hit sound is asked for before the reading: its cost counts into the time. It plays
+    // whatever the settings file says of sound.
+    SoundBas::SoundPlayer::instance().PlaySound(MainMod1::Sounds.buffers[2], 5);
     AttemptCount = zrt::addInt16(AttemptCount, 1);
     // Times are indexed from 1; a run begun by a false start was never dimensioned.
     if (AttemptCount >= static_cast<int>(VisualTimes.size()))
@@ -197,6 +200,12 @@ void MainFrm::ucGifPlayer1_MouseDown(int index)
     GlossButton1[0]->show();
     GlossButton1[1]->show();
     if (Check4->Value() == 1 && GlossButton1[0]->isEnabled()) {
+        if (!hasAudioOutput()) {
+            // No pair can be made without sound: the visual result can only be cancelled.
+            GlossButton1[0]->setEnabled(false);
+            TellNoSoundOutput();
+            return;
+        }
         // The audio stage takes over for the second half of the pair.
         timers().KillTimer(TimerIdlePeek);
         l9->setText(QStringLiteral("Average reaction time ") + "\n" + QStringLiteral("Visual: ") + mean +

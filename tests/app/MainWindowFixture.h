@@ -46,9 +46,11 @@ protected:
         });
         MainMod1::Sounds.SoundDisabled = true;
         window = std::make_unique<MainFrm>(nullptr, true);
+        window->setAudioOutputCheck([this] { return audioOutput; });
         window->resize(1000, 700);
         window->show();
-        QCoreApplication::processEvents();
+        // The players build their frames after load on a 20 ms timer; the game acts only later.
+        QTest::qWait(40);
     }
     void TearDown() override
     {
@@ -87,6 +89,7 @@ protected:
     std::unique_ptr<MainFrm> window;
     std::vector<Said> said;
     int answer = vbOK;
+    bool audioOutput = true;
 };
 
 inline QStringList Items(RowList *list)

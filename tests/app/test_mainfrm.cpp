@@ -3,6 +3,8 @@
 
 #include "MainWindowFixture.h"
 
+#include "dialogs/msgFrm.h"
+
 using namespace mainwindowtest;
 
 TEST_F(MainWindowTest, StartsWithThreeCharactersFourAttemptsAndPairsOn)
@@ -195,4 +197,110 @@ TEST_F(MainWindowTest, ARisenCharacterIsDrawnWholeAtOnce)
         for (int x = 0; x < alone.width(); ++x)
             drawnPixels += alone.pixel(x, y) == page.pixel(risen->x() + x, risen->y() + y) ? 1 : 0;
     EXPECT_GT(drawnPixels, 2000) << "the whole character stands above ground on the page";
+}
+
+TEST_F(MainWindowTest, PlayersTakeTheValuesTheWindowStoresForThem)
+{
+    // The walker: a tenth of a second at least per frame, natural size, built after load and
+    // still; a 0 ms frame timer would step it thousands of times a second.
+    EXPECT_EQ(window->ucGifPlayer2->MinFrameDelay(), 100);
+    EXPECT_EQ(window->ucGifPlayer2->Stretch(), 4);
+    EXPECT_EQ(window->ucGifPlayer2->DelayAnimation(), 2);
+    EXPECT_EQ(window->ucGifPlayer2->size(), QSize(179, 174));
+    for (ucGifPlayer *player : {window->ucgif, window->ucGifPlayer1[0]}) {
+        EXPECT_EQ(player->Stretch(), 3);
+        EXPECT_EQ(player->DelayAnimation(), 2);
+        EXPECT_EQ(player->FrameCount(), 3);
+        EXPECT_EQ(player->Loops(), 1) << "one greeting when shown, then rest";
+    }
+    // After at most one greeting they rest on the first frame, and stay there.
+    const auto resting = [this] {
+        for (ucGifPlayer *c : window->ucGifPlayer1)
+            if (c->CurrentFrame() != 1 || c->Action() != 0)
+                return false;
+        return true;
+    };
+    EXPECT_TRUE(QTest::qWaitFor(resting, 1000));
+    QTest::qWait(600);
+    EXPECT_TRUE(resting());
+}
+
+TEST_F(MainWindowTest, AfterOpenOrAddThePageButtonsStandUpAndTheAudioStageFollowsItsPage)
+{
+    UncheckPairs();
+    for (int run = 0; run < 6; ++run) {
+        VisualRun({300, 300, 300, 300});
+        QTest::mouseClick(window->GlossButton1[0], Qt::LeftButton);
+    }
+    window->ClickToolbarButton("Averages");
+    ASSERT_TRUE(window->p4[0]->isVisible());
+    // A change of the count falls back to Record with the page's button up again, so the next
+    // press on it opens the page instead of going back.
+    window->cl2->setListIndex(0);
+    QTest::mouseClick(window->cmdRemove, Qt::LeftButton);
+    window->cl2->AddItem("0.4");
+    window->SetDataCount();
+    EXPECT_TRUE(window->P3->isVisible());
+    EXPECT_FALSE(window->ThemedToolbar1->BtnValue(7));
+    window->ClickToolbarButton("Averages");
+    EXPECT_TRUE(window->p4[0]->isVisible());
+
+    // The audio stage is part of the Record page: it leaves and comes back with it.
+    window->ClickToolbarButton("Record");
+    window->Check4->setValue(1);
+    window->Check4_Click();
+    VisualRun({300, 300, 300, 300});
+    ASSERT_TRUE(window->P5->isVisible());
+    window->ClickToolbarButton("Groups");
+    EXPECT_TRUE(window->p4[1]->isVisible());
+    EXPECT_FALSE(window->P5->isVisible());
+    window->ClickToolbarButton("Record");
+    EXPECT_TRUE(window->P5->isVisible());
+}
+
+TEST_F(MainWindowTest, WithoutSoundOutputThePairEndsOnTheRecordPage)
+{
+    audioOutput = false;
+    bool told = false;
+    zrt::msgFrm::setShownHook([&](zrt::msgFrm &frm) {
+        told = frm.lblmsg()->text().contains("no sound output");
+        frm.reject();
+    });
+    VisualRun({300, 300, 300, 300});
+    zrt::msgFrm::setShownHook({});
+    EXPECT_TRUE(told) << "the pupil is told before any audio test";
+    EXPECT_FALSE(window->P5->isVisible());
+    EXPECT_FALSE(window->GlossButton1[0]->isEnabled()) << "no half of a pair is added";
+    EXPECT_TRUE(window->GlossButton1[1]->isVisible());
+    QTest::mouseClick(window->GlossButton1[1], Qt::LeftButton);
+    EXPECT_TRUE(window->command1->isEnabled());
+    EXPECT_EQ(window->cl2->ListCount(), 0);
+}
+
+TEST_F(MainWindowTest, TheTwoListsScrollAsOne)
+{
+    for (int i = 0; i < 100; ++i) {
+        window->cl2->AddItem(QString::number(0.3 + i / 1000.0));
+        window->CL4->AddItem(QString::number(0.5 + i / 1000.0));
+    }
+    window->cl2->setTopIndex(12);
+    EXPECT_EQ(window->CL4->TopIndex(), 12);
+    window->CL4->setTopIndex(3);
+    EXPECT_EQ(window->cl2->TopIndex(), 3);
+}
+
+TEST_F(MainWindowTest, TheRecordBandKeepsItsControlsApartAtEveryWidth)
+{
+    for (int width : {785, 850, 950, 1100, 1400}) {
+        window->resize(width, 700);
+        QCoreApplication::processEvents();
+        std::vector<QWidget *> band = {window->command1, window->Label3, window->GlossButton1[0],
+                                       window->GlossButton1[1], window->cl1, window->pSettings};
+        for (size_t i = 0; i < band.size(); ++i) {
+            EXPECT_TRUE(window->P3->rect().contains(band[i]->geometry())) << width << " control " << i;
+            for (size_t j = i + 1; j < band.size(); ++j)
+                EXPECT_FALSE(band[i]->geometry().intersects(band[j]->geometry()))
+                    << "controls " << i << " and " << j << " at width " << width;
+        }
+    }
 }
