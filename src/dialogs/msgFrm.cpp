@@ -234,6 +234,8 @@ void msgFrm::BuildInputPanel()
     m_iCmd[1] = NewButton(panel, QStringLiteral("OK"));
     for (int i = 0; i < 2; ++i)
         connect(m_iCmd[i], &DialogButton::clicked, this, [this, i] { iCmd_Click(i); });
+    // Enter in the text takes what was typed, as a press on OK does.
+    connect(m_iTxt, &QLineEdit::returnPressed, this, [this] { iCmd_Click(1); });
 }
 
 void msgFrm::BuildLinkPanel()
@@ -324,7 +326,9 @@ void msgFrm::PrepareMsgBox(const MsgBoxArgs &args)
     const int textBottomTwips = textBottom * m_TwipsPerPixelY;
 
     if (!args.CheckText.isEmpty()) {
-        SetBack(m_Check1, TranslateColor(m_BackColour));
+        // No ground of its own: the balloon's face shows through around the box and its text.
+        m_Check1->setAutoFillBackground(false);
+        m_Check1->setAttribute(Qt::WA_NoSystemBackground);
         m_Check1->setText(args.CheckText);
         m_Check1->adjustSize();
         m_Check1->move(m_lblmsg->x(), ToPixelsY(textBottomTwips + kCheckGap));

@@ -8,6 +8,7 @@
 #include "toolbar/ToolbarPainting.h"
 #include "toolbar/ToolbarSurface.h"
 
+#include <QCursor>
 #include <QEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -41,6 +42,14 @@ ThemedToolbar::ThemedToolbar(QWidget *parent) : QWidget(parent)
     BuildSurfaces();
     m_menu = new ToolbarMenu(this);
     connect(m_menu, &ToolbarMenu::ItemClicked, this, &ThemedToolbar::MenuClick);
+    // The open menu holds the pointer, so the end area never hears that it was left: once the
+    // menu closes, it is lit only if the pointer is really over it.
+    connect(m_menu, &QMenu::aboutToHide, this, [this] {
+        if (m_endAreaState == 1 && !m_picRight->rect().contains(m_picRight->mapFromGlobal(QCursor::pos()))) {
+            m_endAreaState = 0;
+            m_picRight->update();
+        }
+    });
     connect(m_menu, &ToolbarMenu::ThemeChosen, this, [this](int v) {
         setThemeColor(v);
         Q_EMIT ThemeColorClick(v);

@@ -17,6 +17,7 @@
 #include <QScreen>
 #include <QTimer>
 
+#include <QTest>
 #include <gtest/gtest.h>
 
 using namespace zrt;
@@ -154,6 +155,18 @@ TEST_F(MsgFrmTest, TickedCheckBoxAddsOneHundred)
     EXPECT_EQ(frm.Check1()->text(), args.CheckText);
     EXPECT_GT(frm.Check1()->y(), frm.lblmsg()->geometry().bottom());
     EXPECT_LT(frm.Check1()->geometry().bottom(), frm.cmd1(0)->mapTo(frm.F1(0), QPoint(0, 0)).y());
+    // The box sits on the balloon's own colour, without a patch of another ground.
+    const QImage face = frm.grab().toImage();
+    const QRect box = QRect(frm.Check1()->mapTo(&frm, QPoint(0, 0)), frm.Check1()->size());
+    int foreign = 0;
+    for (int y = box.top(); y <= box.bottom(); ++y)
+        for (int x = box.left(); x <= box.right(); ++x) {
+            const QColor c(face.pixel(x, y));
+            // Text and the indicator are dark or white; a ground of another tone is a patch.
+            if (c != QColor(255, 255, 204) && c.saturation() < 30 && c.value() > 150 && c.value() < 250)
+                ++foreign;
+        }
+    EXPECT_LT(foreign, box.width() * box.height() / 10) << "grey ground behind the check box";
     frm.Check1()->setChecked(true);
     frm.cmd1(1)->click();
     EXPECT_EQ(frm.FinishMsgBox(), 107);
@@ -469,6 +482,13 @@ TEST_F(MsgFrmTest, InputBoxWantsTextAndGivesItBack)
 
     msgFrm::setShownHook([](msgFrm &frm) { frm.iCmd(0)->click(); });
     EXPECT_EQ(input_box(args), QString());
+
+    // Enter in the text field gives the text back as OK does.
+    msgFrm::setShownHook([](msgFrm &frm) {
+        frm.iTxt()->setText(QStringLiteral("Grace"));
+        QTest::keyClick(frm.iTxt(), Qt::Key_Return);
+    });
+    EXPECT_EQ(input_box(args), "Grace");
 }
 
 TEST_F(MsgFrmTest, FileLinkChecksEmptinessAndJoinsTheFieldsWithTheNotSign)
