@@ -1,0 +1,122 @@
+#pragma once
+// Drives the real program on a real X display: starts a virtual X server (and, on request, a
+// sound server with a silent sink), starts the program in a fresh home folder, sends mouse and
+// key input through the X server's test extension and reads the screen back from the server.
+// The program's probe (ZRT_PROBE=1) only tells where controls are and fires the test timers.
+
+#include <QImage>
+#include <QProcess>
+#include <QRect>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <functional>
+#include <memory>
+
+namespace journey {
+
+struct Control {
+    QRect rect; // screen coordinates
+    bool visible = false;
+    bool enabled = false;
+    bool found = false;
+    QPoint centre() const { return rect.center(); }
+};
+
+// One X server for the whole test program; each test gets a program of its own.
+class Display {
+public:
+    static Display &instance();
+    bool ok() const { return m_display != nullptr; }
+    QString name() const { return m_name; }
+    void *xdisplay() const { return m_display; }
+    ~Display();
+
+private:
+    Display();
+    QProcess m_server;
+    QString m_name;
+    void *m_display = nullptr;
+};
+
+// A silent PulseAudio sink, so the program has a sound output; stopped with the object.
+class SoundServer {
+public:
+    explicit SoundServer(const QString &folder);
+    ~SoundServer();
+    bool ok() const { return m_ok; }
+    QString address() const { return m_address; }
+    // Milliseconds of the last seconds of the sink that were not silence.
+    int audibleMilliseconds(int lastMs);
+
+private:
+    QProcess m_server;
+    QString m_address;
+    bool m_ok = false;
+};
+
+struct Options {
+    bool manualTimers = true;
+    bool sound = false;           // start a sound server with a silent sink
+    QString settings;             // Zorvanes.ini content to place in the documents folder
+    QByteArray settingsBytes;     // the same as raw bytes, when set
+};
+
+class Program {
+public:
+    explicit Program(const Options &options = {});
+    ~Program();
+    bool started() const { return m_started; }
+    QString home() const { return m_home.path(); }
+    QString documents() const { return m_home.path() + QStringLiteral("/Documents"); }
+
+    // A probe command and its reply, without the "ok " in front ("" on failure).
+    QString ask(const QString &command, bool *ok = nullptr);
+    Control control(const QString &name);
+    QString text(const QString &name);
+    bool fire(int timerId);
+    bool armed(int timerId);
+
+    // Real input, through the X server.
+    void moveTo(QPoint at);
+    void click(QPoint at, int button = 1);
+    void click(const QString &controlName, int button = 1);
+    void key(const char *keysym);
+    void type(const QString &text);
+    void resizeWindow(int width, int height);
+
+    // The screen as the X server has it, and a picture of it kept for a person to look at.
+    QImage screen();
+    QImage shot(const QString &name);
+    QImage region(const QRect &rect);
+
+    // Polls until the predicate holds or the time is out; lets the program and the server run.
+    bool waitUntil(const std::function<bool()> &predicate, int timeoutMs = 5000);
+    void settle(int ms = 150);
+    // Milliseconds of the next `ms` in which the sound output was not silent; -1 without a sound
+    // server or when nothing could be recorded. The recorder hands its samples on in pieces of
+    // about a second and drops the last, so ask for three seconds to hear about two.
+    int soundHeard(int ms) { return m_sound && m_sound->ok() ? m_sound->audibleMilliseconds(ms) : -1; }
+    bool running() const { return m_process.state() == QProcess::Running; }
+    int exitCode() const { return m_process.exitCode(); }
+    QString output() const { return m_output; }
+
+private:
+    void pointAtModal();
+
+    QTemporaryDir m_home;
+    std::unique_ptr<SoundServer> m_sound;
+    QProcess m_process;
+    QString m_output;
+    bool m_started = false;
+};
+
+// The folder the pictures go to (the build's journey folder).
+QString ShotFolder();
+// Counts pixels of a picture that are near the colour (each channel within tolerance).
+int CountNear(const QImage &image, QRgb colour, int tolerance);
+// True when the two rectangles share any pixel.
+bool Overlap(const QRect &a, const QRect &b);
+
+} // namespace journey
