@@ -15,6 +15,7 @@
 #include <QFontMetrics>
 #include <QMouseEvent>
 #include <QSignalSpy>
+#include <QCursor>
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -437,6 +438,15 @@ TEST(ThemedToolbarHover, EngineRaisesEnterAndLeaveAndPutsColoursBack)
     Leave(bar->PicRight());
     EXPECT_EQ(bar->EndAreaState(), 0);
     EXPECT_EQ(leaves.count(), 2);
+
+    // Its menu holds the pointer while open, so no leave comes: closing the menu away from the
+    // end area puts it out.
+    QCursor::setPos(bar->mapToGlobal(QPoint(-50, -50)));
+    Enter(bar->PicRight(), QPoint(3, 3));
+    ASSERT_EQ(bar->EndAreaState(), 1);
+    bar->Menu()->popup(QPoint(0, 0));
+    bar->Menu()->hide();
+    EXPECT_EQ(bar->EndAreaState(), 0);
 }
 
 TEST(ThemedToolbarOverflow, NarrowBarSendsLastButtonsToThePopup)
