@@ -77,8 +77,16 @@ Display::Display()
         clock.start();
         while (clock.elapsed() < 8000 && m_server.state() == QProcess::Running) {
             m_display = XOpenDisplay(m_name.toLatin1().constData());
-            if (m_display)
-                return;
+            if (m_display) {
+                // Another test program may have taken the number a moment before: then ours
+                // has quit, and the display we reached is not ours.
+                Pause(300);
+                if (m_server.state() == QProcess::Running)
+                    return;
+                XCloseDisplay(X(m_display));
+                m_display = nullptr;
+                break;
+            }
             Pause(50);
         }
         m_server.kill();
