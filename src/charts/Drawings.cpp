@@ -7,6 +7,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <unordered_map>
 
 using zrt::OleColor;
 using zrt::PictureBox;
@@ -21,11 +22,58 @@ constexpr int TextFlags = Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine;
 constexpr OleColor Highlight3D = zrt::SystemColor(20);
 constexpr OleColor Shadow3D = zrt::SystemColor(16);
 
-int TextWidth(const QFont &font, const QString &text)
+// Measured against an image so that widths agree with what the surfaces draw.
+const QImage &Reference()
 {
-    // Measured against an image so that widths agree with what the surfaces draw.
     static const QImage reference(1, 1, QImage::Format_RGB32);
-    return QFontMetrics(font, &reference).horizontalAdvance(text);
+    return reference;
+}
+
+int TextWidth(const QFont &font, const QString &text) { return QFontMetrics(font, &Reference()).horizontalAdvance(text); }
+
+// The text as drawn: "&x" shows x, "&&" shows "&".
+QString WithoutPrefixes(const QString &text)
+{
+    if (!text.contains(QLatin1Char('&')))
+        return text;
+    QString shown;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i] == QLatin1Char('&') && i + 1 < text.size())
+            ++i;
+        shown += text[i];
+    }
+    return shown;
+}
+
+// The letters' bounding box of a label whose cell's top-left corner is (x, y).
+QRect InkOf(const QFont &font, int x, int y, const QString &text)
+{
+    const QFontMetrics metrics(font, &Reference());
+    const QString shown = WithoutPrefixes(text);
+    if (shown.isEmpty())
+        return {};
+    return metrics.boundingRect(shown).translated(x, y + metrics.ascent());
+}
+
+// The pixel size of the face whose ascent plus descent is the cell height asked for (the
+// largest that does not exceed it), found once per height.
+int PixelSizeForCell(int cellHeight)
+{
+    static std::unordered_map<int, int> sizes;
+    const auto found = sizes.find(cellHeight);
+    if (found != sizes.end())
+        return found->second;
+    QFont font(LabelFamily());
+    font.setKerning(false);
+    int size = cellHeight;
+    for (; size > 1; --size) {
+        font.setPixelSize(size);
+        const QFontMetrics metrics(font, &Reference());
+        if (metrics.ascent() + metrics.descent() <= cellHeight)
+            break;
+    }
+    sizes.emplace(cellHeight, size);
+    return size;
 }
 
 void PaintText(QImage &image, int x, int y, const QString &text, const QFont &font, const QColor &colour,
@@ -58,7 +106,9 @@ QFont LabelFont(int height, int width, int weight, bool italic, bool underline, 
 {
     Q_UNUSED(escapement) // rotation belongs to the painter, not to the font
     QFont font(LabelFamily());
-    font.setPixelSize(height == 0 ? 16 : std::abs(height));
+    // A positive height is the character cell (ascent plus descent), a negative one the
+    // letters' own size, as a logical font reads them.
+    font.setPixelSize(height > 0 ? PixelSizeForCell(height) : height < 0 ? -height : 16);
     font.setWeight(weight == 0 ? QFont::Normal : static_cast<QFont::Weight>(std::clamp(weight, 1, 1000)));
     font.setItalic(italic);
     font.setUnderline(underline);
@@ -90,7 +140,26 @@ int DrawLabel(PictureBox *device, int x, int y, const QString &text, bool enable
     }
     device->SetTextColor(previousColour);
     device->SelectFont(previousFont);
+    if (device->Recording()) {
+        const QRect ink = InkOf(font, x, y, text);
+        device->RecordLabel(enabled ? ink : ink.adjusted(0, 0, 1, 1));
+    }
     return 1;
+}
+
+QRect LabelInk(int x, int y, int height, int weight, bool italic, const QString &text)
+{
+    return InkOf(LabelFont(height, 0, weight, italic, false, 0), x, y, text);
+}
+
+int LabelWidth(int height, int weight, const QString &text)
+{
+    return TextWidth(LabelFont(height, 0, weight, false, false, 0), text);
+}
+
+double LabelAdvance(int height, int weight, const QString &text)
+{
+    return QFontMetricsF(LabelFont(height, 0, weight, false, false, 0), &Reference()).horizontalAdvance(text);
 }
 
 int MeasureLabel(const PictureBox &device, const QString &text)

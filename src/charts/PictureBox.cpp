@@ -24,9 +24,14 @@ void PictureBox::Cls()
     fitCanvas();
     m_image.fill(TranslateColor(m_backColor));
     m_current = QPoint(0, 0);
+    m_marks.clear();
+    m_labelInks.clear();
+    update();
 }
 
 void PictureBox::Refresh() { repaint(); }
+
+void PictureBox::Drawn() { update(); }
 
 qint32 PictureBox::Point(double x, double y) const
 {
@@ -117,6 +122,10 @@ void PictureBox::MoveToEx(int x, int y) { m_current = QPoint(x, y); }
 void PictureBox::LineTo(int x, int y)
 {
     fitCanvas();
+    if (m_recording) {
+        const int half = m_drawWidth / 2;
+        RecordMark(QRect(m_current, QPoint(x, y)).normalized().adjusted(-half, -half, half, half));
+    }
     QPainter painter(&m_image);
     painter.setPen(currentPen());
     if (m_current == QPoint(x, y))
@@ -131,6 +140,8 @@ void PictureBox::Ellipse(int left, int top, int right, int bottom)
     fitCanvas();
     if (right - left < 2 || bottom - top < 2)
         return;
+    const int half = m_drawWidth / 2;
+    RecordMark(QRect(QPoint(left, top), QPoint(right - 1, bottom - 1)).adjusted(-half, -half, half, half));
     QPainter painter(&m_image);
     painter.setPen(currentPen());
     painter.setBrush(currentBrush());
@@ -143,6 +154,7 @@ bool PictureBox::ExtFloodFill(int x, int y, OleColor colour, int fillType)
 {
     fitCanvas();
     const FloodKind kind = fillType == FloodFillSurface ? FloodKind::Surface : FloodKind::Border;
+    RecordMark(QRect(x, y, 1, 1));
     return FloodFill(m_image, x, y, TranslateColor(colour).rgb(), kind, currentBrush());
 }
 

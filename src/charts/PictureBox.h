@@ -10,6 +10,8 @@
 //  - ScaleWidth, ScaleHeight, Point and the mouse signal speak the current ScaleMode
 //    (1 twips, 15 per pixel; 3 pixels).
 // Lines are drawn without antialiasing so that Point reads back exactly the painted colour.
+// Cls and every chart's end ask for a repaint, so what is drawn is on screen at the next paint
+// without waiting for something else to expose the surface.
 
 #include "toolbar/GraphicsBas1.h"
 
@@ -18,6 +20,8 @@
 #include <QPoint>
 #include <QPointF>
 #include <QWidget>
+
+#include <vector>
 
 namespace zrt {
 
@@ -38,8 +42,9 @@ public:
     explicit PictureBox(QWidget *parent = nullptr);
 
     // --- retained surface
-    void Cls();     // clears to BackColor and moves the current point to (0, 0)
+    void Cls();     // clears to BackColor, moves the current point to (0, 0), asks for a repaint
     void Refresh(); // repaints now
+    void Drawn();   // asks for a repaint of what has been drawn; a chart's last call
     // Colour of the pixel under (x, y) in ScaleMode units as 0x00BBGGRR; -1 off the surface.
     qint32 Point(double x, double y) const;
     qint32 PixelAt(int x, int y) const; // the same in pixels
@@ -86,6 +91,25 @@ public:
     OleColor SetTextColor(OleColor colour); // returns the previous colour
     OleColor TextColor() const { return m_textColor; }
 
+    // --- what was drawn, for tests: with recording on, the pixel rectangle each device call
+    // touches (pen width included) and the letters' box of each label, since the last Cls.
+    void SetRecording(bool on) { m_recording = on; }
+    bool Recording() const { return m_recording; }
+    const std::vector<QRect> &Marks() const { return m_marks; }
+    const std::vector<QRect> &LabelInks() const { return m_labelInks; }
+    void RecordMark(const QRect &r)
+    {
+        if (m_recording)
+            m_marks.push_back(r);
+    }
+    void RecordLabel(const QRect &ink)
+    {
+        if (m_recording && !ink.isNull()) {
+            m_labelInks.push_back(ink);
+            m_marks.push_back(ink);
+        }
+    }
+
 Q_SIGNALS:
     void Resize();
     // Button as Qt gives it; x and y in the current ScaleMode.
@@ -116,6 +140,9 @@ private:
     QPoint m_current;
     QFont m_font;
     OleColor m_textColor = 0;
+    bool m_recording = false;
+    std::vector<QRect> m_marks;
+    std::vector<QRect> m_labelInks;
 };
 
 } // namespace zrt
