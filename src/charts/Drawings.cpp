@@ -52,7 +52,7 @@ QRect InkOf(const QFont &font, int x, int y, const QString &text)
     const QString shown = WithoutPrefixes(text);
     if (shown.isEmpty())
         return {};
-    return metrics.boundingRect(shown).translated(x, y + metrics.ascent());
+    return metrics.tightBoundingRect(shown).translated(x, y + metrics.ascent());
 }
 
 // The pixel size of the face whose ascent plus descent is the cell height asked for (the
