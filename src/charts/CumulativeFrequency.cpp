@@ -208,7 +208,27 @@ private:
         if (m_p == 0)
             raise(ErrDivisionByZero);
         const int q = Pos(static_cast<double>(x - m) / m_p);
-        m_f.Label(x, Pos(h - m * 0.45), QString::number(q), 16, AnswerColour);
+        const QString text = QString::number(q);
+        const int top = Pos(h - m * 0.45);
+        // Quartiles close to the median would print their readings over each other: a reading
+        // that would touch an earlier one stands left of its line, or else right of the other.
+        int at = x;
+        if (TouchesReading(Drawings::LabelInk(at, top, 16, 0, false, text))) {
+            at = x - 2 - Drawings::LabelWidth(16, 0, text);
+            for (const QRect &other : m_readings)
+                if (TouchesReading(Drawings::LabelInk(at, top, 16, 0, false, text)))
+                    at = std::max(at, other.right() + 3);
+        }
+        m_f.Label(at, top, text, 16, AnswerColour);
+        m_readings.push_back(Drawings::LabelInk(at, top, 16, 0, false, text));
+    }
+
+    bool TouchesReading(const QRect &ink) const
+    {
+        for (const QRect &other : m_readings)
+            if (other.adjusted(-2, 0, 2, 0).intersects(ink))
+                return true;
+        return false;
     }
 
     static constexpr int m = CFPlotMargin;
@@ -218,6 +238,7 @@ private:
     double m_v = 0;   // pixels per unit of cumulative frequency
     int m_xEnd = 0;   // the scale's end in hundredths
     double m_p = 0;   // pixels per hundredth
+    std::vector<QRect> m_readings; // where the readings below the axis stand
 };
 
 } // namespace

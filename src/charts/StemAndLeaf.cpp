@@ -61,6 +61,31 @@ int FittedHeight(int g, int w, const QString &longest)
     }
 }
 
+// Leaves wider than the room left of the surface's edge end with the last whole leaf that
+// fits and an ellipsis, so a long row is seen to go on instead of running off the surface.
+QString FittedLeaves(const QString &leaves, int height, int room)
+{
+    if (Drawings::LabelAdvance(height, 0, leaves) <= room)
+        return leaves;
+    const QString more = QString(QChar(0x2026));
+    QString shown = leaves;
+    const double limit = room - Drawings::LabelAdvance(height, 0, QStringLiteral(" ") + more);
+    // The advance grows with the text, so the cut is found by halving.
+    qsizetype low = 0, high = leaves.size();
+    while (low < high) {
+        const qsizetype mid = (low + high + 1) / 2;
+        if (Drawings::LabelAdvance(height, 0, leaves.left(mid)) <= limit)
+            low = mid;
+        else
+            high = mid - 1;
+    }
+    shown = leaves.left(low);
+    const qsizetype lastBlank = shown.lastIndexOf(QLatin1Char(' '));
+    if (low < leaves.size() && leaves[low] != QLatin1Char(' ') && lastBlank >= 0)
+        shown.truncate(lastBlank); // no leaf is cut in two
+    return shown + QStringLiteral(" ") + more;
+}
+
 } // namespace
 
 std::vector<StemRow> StemRows(std::vector<int> &values)
@@ -117,9 +142,11 @@ void DrawStemAndLeaf(PictureBox &PicSL, const std::vector<std::string> &items, i
         f.ForeColor(LeafColour);
         const QString longest = QString::fromStdString(rows[LongestRow(rows)].leaves);
         const int height = FittedHeight(g, w, longest);
+        const int leafX = Pos(w * 0.1 + g * 0.75 + 5.0);
         for (int i = 0; i < r; ++i)
-            f.Label(Pos(w * 0.1 + g * 0.75 + 5.0), Pos(h * 0.1 + g * i),
-                    QString::fromStdString(rows[static_cast<size_t>(i)].leaves), height, LeafColour);
+            f.Label(leafX, Pos(h * 0.1 + g * i),
+                    FittedLeaves(QString::fromStdString(rows[static_cast<size_t>(i)].leaves), height, w - 2 - leafX),
+                    height, LeafColour);
         const QString key = QString::fromLatin1(StemKeyText);
         const int width = Drawings::MeasureFont(24, 0, key);
         f.Label(w - width - 30, Pos(h * 0.9), key, 24, LeafColour);
