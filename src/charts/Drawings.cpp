@@ -7,6 +7,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <memory>
 #include <unordered_map>
 
 using zrt::OleColor;
@@ -46,9 +47,8 @@ QString WithoutPrefixes(const QString &text)
 }
 
 // The letters' bounding box of a label whose cell's top-left corner is (x, y).
-QRect InkOf(const QFont &font, int x, int y, const QString &text)
+QRect InkOf(const QFontMetrics &metrics, int x, int y, const QString &text)
 {
-    const QFontMetrics metrics(font, &Reference());
     const QString shown = WithoutPrefixes(text);
     if (shown.isEmpty())
         return {};
@@ -76,16 +76,22 @@ int PixelSizeForCell(int cellHeight)
     return size;
 }
 
-void PaintText(QImage &image, int x, int y, const QString &text, const QFont &font, const QColor &colour,
+void PaintText(PictureBox &device, int x, int y, const QString &text, const QFont &font, const QColor &colour,
                int escapement)
 {
-    QPainter painter(&image);
+    QPainter &painter = device.Painter();
     painter.setFont(font);
     painter.setPen(colour);
-    painter.translate(x, y);
-    if (escapement != 0)
+    if (escapement != 0) {
+        painter.save();
+        painter.translate(x, y);
         painter.rotate(-escapement / 10.0); // tenths of a degree, anticlockwise
-    painter.drawText(QRect(0, 0, 32767, 32767), TextFlags | Qt::TextShowMnemonic, text);
+        painter.drawText(QRect(0, 0, 32767, 32767), TextFlags | Qt::TextShowMnemonic, text);
+        painter.restore();
+    } else {
+        painter.drawText(QRect(x, y, 32767, 32767), TextFlags | Qt::TextShowMnemonic, text);
+    }
+    device.DoneWithPainter();
 }
 
 } // namespace
@@ -102,9 +108,10 @@ QString LabelFamily()
     return family;
 }
 
-QFont LabelFont(int height, int width, int weight, bool italic, bool underline, int escapement)
+namespace {
+
+QFont MakeFont(int height, int width, int weight, bool italic, bool underline)
 {
-    Q_UNUSED(escapement) // rotation belongs to the painter, not to the font
     QFont font(LabelFamily());
     // A positive height is the character cell (ascent plus descent), a negative one the
     // letters' own size, as a logical font reads them.
@@ -123,25 +130,55 @@ QFont LabelFont(int height, int width, int weight, bool italic, bool underline, 
     return font;
 }
 
+// A font with its metrics, made once for each set of values: a chart asks for the same few
+// again and again, for every label and every height a fitting tries.
+struct Face {
+    explicit Face(const QFont &f) : font(f), metrics(f, &Reference()), metricsF(f, &Reference()) {}
+    QFont font;
+    QFontMetrics metrics;
+    QFontMetricsF metricsF;
+};
+
+const Face &FaceOf(int height, int width, int weight, bool italic, bool underline)
+{
+    static std::unordered_map<quint64, std::unique_ptr<Face>> faces;
+    const quint64 key = (static_cast<quint64>(static_cast<quint32>(height)) << 32) ^
+                        (static_cast<quint64>(static_cast<quint16>(width)) << 16) ^
+                        (static_cast<quint64>(std::clamp(weight, 0, 1000)) << 2) ^ (italic ? 2u : 0u) ^
+                        (underline ? 1u : 0u);
+    auto found = faces.find(key);
+    if (found == faces.end())
+        found = faces.emplace(key, std::make_unique<Face>(MakeFont(height, width, weight, italic, underline))).first;
+    return *found->second;
+}
+
+} // namespace
+
+QFont LabelFont(int height, int width, int weight, bool italic, bool underline, int escapement)
+{
+    Q_UNUSED(escapement) // rotation belongs to the painter, not to the font
+    return FaceOf(height, width, weight, italic, underline).font;
+}
+
 int DrawLabel(PictureBox *device, int x, int y, const QString &text, bool enabled, OleColor colour, int weight,
               int italic, int underline, int height, int width, int escapement)
 {
     if (device == nullptr)
         return 0;
-    const QFont font = LabelFont(height, width, weight, italic != 0, underline != 0, escapement);
+    const Face &face = FaceOf(height, width, weight, italic != 0, underline != 0);
+    const QFont &font = face.font;
     const QFont previousFont = device->SelectFont(font);
     const OleColor previousColour = device->SetTextColor(colour);
-    QImage &canvas = device->Canvas();
     if (enabled) {
-        PaintText(canvas, x, y, text, font, zrt::TranslateColor(colour), escapement);
+        PaintText(*device, x, y, text, font, zrt::TranslateColor(colour), escapement);
     } else {
-        PaintText(canvas, x + 1, y + 1, text, font, zrt::TranslateColor(Highlight3D), escapement);
-        PaintText(canvas, x, y, text, font, zrt::TranslateColor(Shadow3D), escapement);
+        PaintText(*device, x + 1, y + 1, text, font, zrt::TranslateColor(Highlight3D), escapement);
+        PaintText(*device, x, y, text, font, zrt::TranslateColor(Shadow3D), escapement);
     }
     device->SetTextColor(previousColour);
     device->SelectFont(previousFont);
     if (device->Recording()) {
-        const QRect ink = InkOf(font, x, y, text);
+        const QRect ink = InkOf(face.metrics, x, y, text);
         device->RecordLabel(enabled ? ink : ink.adjusted(0, 0, 1, 1));
     }
     return 1;
@@ -149,17 +186,17 @@ int DrawLabel(PictureBox *device, int x, int y, const QString &text, bool enable
 
 QRect LabelInk(int x, int y, int height, int weight, bool italic, const QString &text)
 {
-    return InkOf(LabelFont(height, 0, weight, italic, false, 0), x, y, text);
+    return InkOf(FaceOf(height, 0, weight, italic, false).metrics, x, y, text);
 }
 
 int LabelWidth(int height, int weight, const QString &text)
 {
-    return TextWidth(LabelFont(height, 0, weight, false, false, 0), text);
+    return FaceOf(height, 0, weight, false, false).metrics.horizontalAdvance(text);
 }
 
 double LabelAdvance(int height, int weight, const QString &text)
 {
-    return QFontMetricsF(LabelFont(height, 0, weight, false, false, 0), &Reference()).horizontalAdvance(text);
+    return FaceOf(height, 0, weight, false, false).metricsF.horizontalAdvance(text);
 }
 
 int MeasureLabel(const PictureBox &device, const QString &text)
@@ -169,7 +206,7 @@ int MeasureLabel(const PictureBox &device, const QString &text)
 
 int MeasureFont(int height, int width, const QString &text)
 {
-    return TextWidth(LabelFont(height, width, 1, false, false, 0), text) + 1;
+    return FaceOf(height, width, 1, false, false).metrics.horizontalAdvance(text) + 1;
 }
 
 } // namespace Drawings

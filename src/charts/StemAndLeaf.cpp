@@ -6,6 +6,8 @@
 #include "stats/Averages.h"
 #include "stats/Maths.h"
 
+#include <algorithm>
+
 namespace zrt {
 
 namespace {
@@ -48,15 +50,19 @@ size_t LongestRow(const std::vector<StemRow> &rows)
 }
 
 // The largest height from g down to 12 at which the longest leaves fit beside the divider.
+// Letters only widen with the height, so leaves too long at 12 are too long at every height
+// tried: that case, the usual one for a long list, needs one measurement instead of one per height.
 int FittedHeight(int g, int w, const QString &longest)
 {
+    auto fits = [&](int f) { return w - (w * 0.1 + f * 0.75 + 5.0) >= Drawings::MeasureFont(f, 0, longest); };
+    if (g >= 12 && !fits(12))
+        return 12;
     int f = g + 1;
     for (;;) {
         --f;
-        const int measured = Drawings::MeasureFont(f, 0, longest);
         if (f < 12)
             return 12;
-        if (w - (w * 0.1 + f * 0.75 + 5.0) >= measured)
+        if (fits(f))
             return f;
     }
 }
@@ -70,8 +76,9 @@ QString FittedLeaves(const QString &leaves, int height, int room)
     const QString more = QString(QChar(0x2026));
     QString shown = leaves;
     const double limit = room - Drawings::LabelAdvance(height, 0, QStringLiteral(" ") + more);
-    // The advance grows with the text, so the cut is found by halving.
-    qsizetype low = 0, high = leaves.size();
+    // The advance grows with the text, so the cut is found by halving, among no more characters
+    // than could fit at a pixel each.
+    qsizetype low = 0, high = std::min<qsizetype>(leaves.size(), std::max(0, room) + 1);
     while (low < high) {
         const qsizetype mid = (low + high + 1) / 2;
         if (Drawings::LabelAdvance(height, 0, leaves.left(mid)) <= limit)
