@@ -84,6 +84,9 @@ ShapedTabs *MainFrm::newTabs(QWidget *page, const QStringList &captions, std::fu
     tabs->setBorderDarkColor(zrt::RGB(64, 64, 0));
     tabs->setBorderLightColor(zrt::RGB(128, 128, 0));
     tabs->setInactiveTabTextColor(zrt::RGB(128, 128, 128));
+    // Round corners leave a few pixels of the strip's own back colour outside their outline:
+    // they take the colour of the page around it, or they show as white specks.
+    tabs->setControlBackcolor(zrt::ToOleColor(MainMod1::PanelColour));
     connect(tabs, &ShapedTabs::Click, this, [this, onClick](int &index) {
         const int tab = index;
         guarded([=] { onClick(tab); });

@@ -254,3 +254,38 @@ TEST_F(ChartsOnWindowTest, AnEmptyTimeIsNamedAsSuch)
     EXPECT_TRUE(said.back().text.startsWith("Run-time error '13': ")) << said.back().text.toStdString();
     EXPECT_TRUE(said.back().text.contains(zrt::NotANumberSentence));
 }
+
+// Outside the outline of the tab strip's round corners, what the strip shows is the page's own
+// colour: no white specks at the corners on the grey pages.
+TEST_F(ChartsOnWindowTest, TabStripCornersShowThePageColour)
+{
+    Twenty();
+    for (const char *page : {"Averages", "Groups", "Compare"}) {
+        window->ClickToolbarButton(page);
+        QCoreApplication::processEvents();
+    }
+    const QRgb page = MainMod1::PanelColour.rgb();
+    for (ShapedTabs *tabs : {window->averages.Tab1, window->groups.Tab2, window->compare.ShapedTabs1}) {
+        const QImage strip = tabs->grab().toImage().convertToFormat(QImage::Format_RGB32);
+        const QRegion mask = tabs->mask();
+        const QRgb outline = qRgb(64, 64, 0);
+        int outside = 0;
+        for (int y = 0; y < strip.height(); ++y)
+            for (int side = 0; side < 2; ++side) {
+                // From each end of the row inward, up to the first pixel of the outline.
+                for (int i = 0; i < strip.width(); ++i) {
+                    const int x = side == 0 ? i : strip.width() - 1 - i;
+                    if (!mask.contains(QPoint(x, y)))
+                        continue;
+                    if ((strip.pixel(x, y) & 0xFFFFFF) == (outline & 0xFFFFFF))
+                        break;
+                    if (y >= ShapedTabs::TabBottom) { // the body's corners
+                        ++outside;
+                        EXPECT_EQ(strip.pixel(x, y) & 0xFFFFFF, page & 0xFFFFFF) << x << "," << y;
+                    }
+                    break;
+                }
+            }
+        EXPECT_GT(outside, 0) << "the corners were looked at";
+    }
+}
