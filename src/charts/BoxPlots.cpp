@@ -109,7 +109,7 @@ public:
             const int x = x0 + i * step;
             m_f.Line(x, top, x, bottom);
             const QString text = QString::number(label);
-            if (i % every == 0 && x - 5 + Drawings::LabelWidth(labelHeight, 0, text) <= m_f.w())
+            if (i % every == 0 && x - 5 + Drawings::LabelWidth(labelHeight, 0, text) < m_f.w() - 1)
                 m_f.Label(x - 5, bottom, text, labelHeight);
             last = x;
             label = addInt32(label, 5);

@@ -112,7 +112,7 @@ public:
         // wider than the margin is drawn smaller and ends left of the axis, where the search
         // of the reading lines can't mistake it for the curve.
         const int tickEvery = LabelEvery(m_v, m_f.surface().DrawWidth());
-        const int labelHeight = FittedLabelHeight(16, m - 3, QString::number(m_total + 1));
+        const int labelHeight = FittedLabelHeight(16, m - 4, QString::number(m_total + 1));
         const int labelEvery = LabelEvery(m_v, labelHeight);
         for (int k = 0; k <= m_total + 1; ++k) {
             if (k % tickEvery != 0 && k % labelEvery != 0)
@@ -123,7 +123,7 @@ public:
                 continue;
             const QString text = QString::number(k);
             int x = k < 10 ? m - 10 : m - 20;
-            x = std::max(0, std::min(x, m - 3 - Drawings::LabelWidth(labelHeight, 0, text)));
+            x = std::max(1, std::min(x, m - 3 - Drawings::LabelWidth(labelHeight, 0, text)));
             if (!Drawings::LabelInk(x, y - 6, labelHeight, 0, false, text).intersects(cfInk))
                 m_f.Label(x, y - 6, text, labelHeight);
         }

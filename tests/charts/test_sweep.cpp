@@ -121,11 +121,18 @@ std::string Faults(const PictureBox &s)
             if (inks[i].adjusted(-1, 0, 1, 0).intersects(inks[j]))
                 return "labels at " + std::to_string(inks[i].x()) + "," + std::to_string(inks[i].y()) + " and " +
                        std::to_string(inks[j].x()) + "," + std::to_string(inks[j].y()) + " overlap";
-    // A mark the routine made off the surface would show as ink cut at the edge.
+    // A mark the routine made off the surface would show as ink cut at the edge: the outermost
+    // ring of the retained image stays blank.
     const QImage &image = s.Image();
-    const QRgb back = image.pixel(0, 0);
-    if (back != qRgb(255, 255, 255))
-        return "the corner is painted";
+    const int w = image.width(), h = image.height();
+    for (int x = 0; x < w; ++x)
+        for (int y : {0, h - 1})
+            if ((image.pixel(x, y) & 0xFFFFFF) != 0xFFFFFF)
+                return "ink at the edge, " + std::to_string(x) + "," + std::to_string(y);
+    for (int y = 0; y < h; ++y)
+        for (int x : {0, w - 1})
+            if ((image.pixel(x, y) & 0xFFFFFF) != 0xFFFFFF)
+                return "ink at the edge, " + std::to_string(x) + "," + std::to_string(y);
     return {};
 }
 
