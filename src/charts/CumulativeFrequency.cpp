@@ -107,13 +107,14 @@ public:
         const int time = Drawings::MeasureFont(16, 0, QStringLiteral("time(t)"));
         const QRect timeInk = Drawings::LabelInk(w - time - 15, h - 20, 18, 0, false, QStringLiteral("time(t)"));
 
-        // Frequencies up the side. Ticks closer than the pen is wide, and labels closer than
-        // their own height, would merge into a bar: only every k-th is drawn then. A number
+        // Frequencies up the side. Ticks closer than the pen is wide, and numbers closer than
+        // their digits are tall, would merge into a bar: only every k-th is drawn then. A number
         // wider than the margin is drawn smaller and ends left of the axis, where the search
         // of the reading lines can't mistake it for the curve.
         const int tickEvery = LabelEvery(m_v, m_f.surface().DrawWidth());
         const int labelHeight = FittedLabelHeight(16, m - 4, QString::number(m_total + 1));
-        const int labelEvery = LabelEvery(m_v, labelHeight);
+        const int digits = Drawings::LabelInk(0, 0, labelHeight, 0, false, QStringLiteral("0123456789")).height();
+        const int labelEvery = LabelEvery(m_v, digits);
         for (int k = 0; k <= m_total + 1; ++k) {
             if (k % tickEvery != 0 && k % labelEvery != 0)
                 continue;
