@@ -18,7 +18,7 @@ inline constexpr const char *FewerAudioSentence =
 inline constexpr const char *MoreAudioSentence =
     "The audio list holds more times than the visual list, so the two lists don't match.";
 inline constexpr const char *TooLargeSentence =
-    "The times are too large to work with at this precision; choose a coarser one, such as 1/100 th.";
+    "The times are too large, or too many, to add up at this precision; a coarser one may help.";
 inline constexpr const char *TooFewPairsSentence = "Spearman's rank needs at least two pairs of times.";
 
 // Attaches the sentence for a known cause; a failure that already has one, or whose cause the
