@@ -5,6 +5,7 @@
 
 #include "app/MainMod1.h"
 #include "app/PagePanel.h"
+#include "app/PlainFailures.h"
 #include "charts/PictureBox.h"
 #include "controls/Check.h"
 #include "controls/DropPanel.h"
@@ -83,6 +84,9 @@ ShapedTabs *MainFrm::newTabs(QWidget *page, const QStringList &captions, std::fu
     tabs->setBorderDarkColor(zrt::RGB(64, 64, 0));
     tabs->setBorderLightColor(zrt::RGB(128, 128, 0));
     tabs->setInactiveTabTextColor(zrt::RGB(128, 128, 128));
+    // Round corners leave a few pixels of the strip's own back colour outside their outline:
+    // they take the colour of the page around it, or they show as white specks.
+    tabs->setControlBackcolor(zrt::ToOleColor(MainMod1::PanelColour));
     connect(tabs, &ShapedTabs::Click, this, [this, onClick](int &index) {
         const int tab = index;
         guarded([=] { onClick(tab); });
@@ -259,8 +263,10 @@ void MainFrm::buildGroupsPage()
                            groups.pCF->height() - groups.cmdCF->height() - tw(90));
     }, [this] { DrawCFTable(); });
     keep(g.ppCF, [this] {
-        groups.cmdPlot->move(groups.ppCF->width() - groups.cmdPlot->width() - tw(90), tw(90));
-        groups.Check3->move(groups.ppCF->width() - groups.Check3->width() - tw(90), tw(90) + 34);
+        // Both stay in the band above the plot's top margin, the box left of the button: below
+        // it they covered the top of the curve, where its last point (the total) stands.
+        groups.cmdPlot->move(groups.ppCF->width() - groups.cmdPlot->width() - tw(90), 0);
+        groups.Check3->move(groups.cmdPlot->x() - groups.Check3->width() - 8, 4);
     }, [this] { DrawCFPlot(); });
 }
 
@@ -377,7 +383,9 @@ void MainFrm::layoutRankTab()
     const int tableWidth = std::min(w - 20, 520);
     compare.ucTableView1->setGeometry((w - tableWidth) / 2, 10, tableWidth, std::max(60, surface->height() / 2 - 20));
     const int below = compare.ucTableView1->y() + compare.ucTableView1->height() + 8;
-    compare.pdsqr->setGeometry(tw(5900), below, 240, 30);
+    // The formula is never cut: as wide as its text, and moved left where the surface ends.
+    const int formulaWidth = std::max(240, compare.pdsqr->sizeHint().width());
+    compare.pdsqr->setGeometry(std::max(0, std::min(tw(5900), w - formulaWidth)), below, formulaWidth, 30);
     compare.ld->move(compare.ucTableView1->x(), below);
     compare.cmdSR->move(compare.ucTableView1->x(), below + 30);
     compare.lbSR->move(compare.cmdSR->x() + compare.cmdSR->width() + 10, below + 34);
@@ -520,7 +528,13 @@ void MainFrm::Get_Averages()
 {
     const zrt::CollectedLists lists = collectedLists();
     const zrt::AveragesInput input{lists, averages.cl3->ListIndex(), averages.Check1->Value(), Check5[0]->Value()};
-    const zrt::AveragesAnswer answer = zrt::Get_Averages(input, analysis);
+    zrt::AveragesAnswer answer;
+    try {
+        answer = zrt::Get_Averages(input, analysis);
+    } catch (zrt::RunTimeError &e) {
+        zrt::ExplainListFailure(e, lists, zrt::AnalysisKind::Averages, Check5[0]->Value() != 1);
+        throw;
+    }
     switch (answer.outcome) {
     case zrt::AveragesAnswer::Outcome::PrecisionReset:
         averages.cl3->setListIndex(0); // its click runs the analysis again

@@ -3,6 +3,8 @@
 
 #include "app/MainFrm.h"
 
+#include "app/PlainFailures.h"
+
 #include "charts/BoxPlots.h"
 #include "charts/CorrelationScale.h"
 #include "charts/CumulativeFrequency.h"
@@ -59,8 +61,13 @@ void MainFrm::DrawStemLeaf()
     std::vector<std::string> items;
     for (int i = 0; i < source->ListCount(); ++i)
         items.push_back(source->ItemText(i).toStdString());
-    zrt::DrawStemAndLeaf(*averages.PicSL, items, cl2->ListCount(),
-                         averages.cmdSL->Caption() == QLatin1String("Hide Leaves"));
+    try {
+        zrt::DrawStemAndLeaf(*averages.PicSL, items, cl2->ListCount(),
+                             averages.cmdSL->Caption() == QLatin1String("Hide Leaves"));
+    } catch (zrt::RunTimeError &e) {
+        zrt::ExplainListFailure(e, collectedLists(), zrt::AnalysisKind::Averages, source == CL4);
+        throw;
+    }
 }
 
 void MainFrm::DrawTally()
@@ -98,6 +105,8 @@ void MainFrm::DrawCompareBoxPlots()
         zrt::DrawCompareBoxPlots(*compare.pFR[2], analysis.GroupedData, analysis.AnalysisData,
                                  compare.cmdBPc->Caption() == QLatin1String("Hide Boxplots"), VisualSummary,
                                  AudioSummary);
+    for (auto *button : compare.cmdarr)
+        button->resize(buttons.width, button->height());
     compare.cmdarr[0]->move(0, static_cast<int>(buttons.visualTop));
     compare.cmdarr[1]->move(0, static_cast<int>(buttons.audioTop));
     compare.cmdarr[0]->setVisible(buttons.visible);

@@ -3,6 +3,8 @@
 
 #include "app/MainFrm.h"
 
+#include "app/PlainFailures.h"
+
 #include "charts/PictureBox.h"
 #include "controls/Check.h"
 #include "controls/GlossButton.h"
@@ -16,8 +18,13 @@
 void MainFrm::Get_Grouped_Data()
 {
     const zrt::CollectedLists lists = collectedLists();
-    const zrt::GroupedAnswer answer =
-        zrt::Get_Grouped_Data(zrt::GroupedInput{lists, groups.Check2->Value(), Check5[0]->Value()}, analysis);
+    zrt::GroupedAnswer answer;
+    try {
+        answer = zrt::Get_Grouped_Data(zrt::GroupedInput{lists, groups.Check2->Value(), Check5[0]->Value()}, analysis);
+    } catch (zrt::RunTimeError &e) {
+        zrt::ExplainListFailure(e, lists, zrt::AnalysisKind::Groups, Check5[0]->Value() != 1);
+        throw;
+    }
     groups.t4->setPlainText(QString::fromStdString(answer.t4).trimmed());
     if (!answer.analysed)
         return;
@@ -27,7 +34,14 @@ void MainFrm::Get_Grouped_Data()
 
 void MainFrm::Get_Compare_Data()
 {
-    const zrt::CompareAnswer answer = zrt::Get_Compare_Data(collectedLists(), analysis);
+    const zrt::CollectedLists lists = collectedLists();
+    zrt::CompareAnswer answer;
+    try {
+        answer = zrt::Get_Compare_Data(lists, analysis);
+    } catch (zrt::RunTimeError &e) {
+        zrt::ExplainListFailure(e, lists, zrt::AnalysisKind::Compare, false);
+        throw;
+    }
     compare.Text1->setPlainText(QString::fromStdString(answer.text1).trimmed());
     if (!answer.analysed)
         return;

@@ -1,11 +1,13 @@
 #include "charts/BoxPlots.h"
 
 #include "charts/ChartFrame.h"
+#include "charts/Drawings.h"
 #include "common/NumberText.h"
 #include "common/RunTimeError.h"
 #include "stats/Maths.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace zrt {
 
@@ -21,12 +23,26 @@ struct HundredthsScale {
     int start = 0;
 };
 
+// The rounding of the range to one figure, with what it means for a pupil when it can't be done.
+int RoundedRange(const AnalysisResults &r)
+{
+    double range = r.RangeValue;
+    short figures = 1;
+    try {
+        return Pos(Maths::RoundToFigures(range, figures));
+    } catch (RunTimeError &e) {
+        if (r.RangeValue == 0)
+            e.explain(AllEqualSentence);
+        else if (e.number() == ErrOverflow)
+            e.explain(TooWideSentence);
+        throw;
+    }
+}
+
 HundredthsScale ScaleFor(const AnalysisResults &r, int precisionIndex)
 {
     HundredthsScale scale;
-    double range = r.RangeValue;
-    short figures = 1;
-    const int rounded = Pos(Maths::RoundToFigures(range, figures));
+    const int rounded = RoundedRange(r);
     switch (precisionIndex) {
     case 0: scale.d = 1; scale.length = addInt32(rounded, 10); break;
     case 1: scale.d = 10; scale.length = Pos((rounded + 100.0) / 10.0); break;
@@ -36,18 +52,46 @@ HundredthsScale ScaleFor(const AnalysisResults &r, int precisionIndex)
     const double lowest = static_cast<double>(r.LowestValue) / scale.d;
     if (lowest > 5) {
         double below = lowest - 5;
+        short figures = 1;
         scale.start = Pos(Maths::RoundToFigures(below, figures));
         if (lowest > scale.start + 5)
             scale.start = addInt32(scale.start, 5);
+        // Rounding up to one figure can pass the lowest time (995 rounds to 1000): the scale
+        // must still begin at or before it.
+        if (scale.start > lowest)
+            scale.start = static_cast<int>(std::floor(lowest / 5.0)) * 5;
     }
+    // The range rounded to one figure can be far shorter than the range itself (145 becomes
+    // 100): the scale then reaches at least the highest time, so no whisker leaves it.
+    const double highest = static_cast<double>(r.HighestValue) / scale.d;
+    if (scale.start + scale.length < highest)
+        scale.length = static_cast<int>(std::ceil(highest - scale.start));
     return scale;
+}
+
+// How far from its tick a cross or a cap reaches, the pen's width included.
+constexpr int MarkReach = 5;
+
+// Pixels per hundredth: as wide as the scale's length allows, but narrow enough that the
+// highest time's mark stays on the surface, which the rounding to a whole pixel could break.
+int PixelsPerHundredth(int w, const HundredthsScale &scale, double highest)
+{
+    int p = Pos(w * 0.9 / (scale.length + 1.0));
+    const double span = highest - scale.start;
+    if (span > 0) {
+        const double room = (w - 1 - MarkReach) - static_cast<double>(Pos(w * 0.05));
+        p = std::min(p, static_cast<int>(std::floor(room / span)));
+    }
+    return p;
 }
 
 class SingleBoxPlot {
 public:
     SingleBoxPlot(ChartFrame &f, const HundredthsScale &scale, int p) : m_f(f), m_scale(scale), m_p(p) {}
 
-    // Ticks every 5 hundredths from x0 to the surface's width, labelled from s; returns the last tick's x.
+    // Ticks every 5 hundredths from x0 to the surface's right edge, labelled from s; returns the
+    // last tick's x. Where 5 hundredths are too narrow for a label, only every 2nd, 4th, 10th
+    // ... tick is labelled, so the numbers never run together.
     int DrawScale(int labelHeight)
     {
         const int x0 = Pos(m_f.w() * 0.05);
@@ -55,12 +99,18 @@ public:
         const int bottom = Pos(m_f.h() * 0.83);
         const int step = mulInt32(5, m_p);
         RequireStep(step);
+        const int right = m_f.w() - 1 - m_f.surface().DrawWidth() / 2;
+        const int ticks = right < x0 ? 0 : (right - x0) / step + 1;
+        const int widest = Drawings::LabelWidth(labelHeight, 0, QString::number(m_scale.start + 5LL * ticks));
+        const int every = LabelEvery(step, widest);
         int last = x0;
         int label = m_scale.start;
-        for (long long t = x0; t <= m_f.w(); t += step) {
-            const int x = static_cast<int>(t);
+        for (int i = 0; i < ticks; ++i) {
+            const int x = x0 + i * step;
             m_f.Line(x, top, x, bottom);
-            m_f.Label(x - 5, bottom, QString::number(label), labelHeight);
+            const QString text = QString::number(label);
+            if (i % every == 0 && x - 5 + Drawings::LabelWidth(labelHeight, 0, text) < m_f.w() - 1)
+                m_f.Label(x - 5, bottom, text, labelHeight);
             last = x;
             label = addInt32(label, 5);
         }
@@ -86,7 +136,15 @@ public:
         m_f.Line(q1, top, q3, top);
         m_f.Line(q1, bottom, q3, bottom);
         m_f.Line(q3, bottom, q3, top);
-        m_f.Fill(Pos(m_f.w() * 0.05 + Offset(r.LowerQuartile) + 5.0), middle, BoxFillColour);
+        // The seed 5 pixels right of Q1 lies outside a box narrower than that (an interquartile
+        // range of 0), and a fill from there would flood the whole surface and eat into the
+        // labels: such a box is filled from its middle, or not at all when it has no inside.
+        const int half = m_f.surface().DrawWidth() / 2;
+        int seed = Pos(m_f.w() * 0.05 + Offset(r.LowerQuartile) + 5.0);
+        if (seed <= q1 + half || seed >= q3 - half)
+            seed = (q1 + q3) / 2;
+        if (seed > q1 + half && seed < q3 - half)
+            m_f.Fill(seed, middle, BoxFillColour);
 
         const int median = XOf(r.MedianValue);
         m_f.Line(median, top, median, bottom);
@@ -186,7 +244,7 @@ void DrawBoxPlot(PictureBox &pBox, const std::vector<int> &sorted, const Analysi
     const int a = Pos(f.h() * 0.02);
     const int labelHeight = Pos(a * 2.5);
     const HundredthsScale scale = ScaleFor(r, precisionIndex);
-    const int p = Pos(f.w() * 0.9 / (scale.length + 1.0));
+    const int p = PixelsPerHundredth(f.w(), scale, static_cast<double>(r.HighestValue) / scale.d);
 
     SingleBoxPlot plot(f, scale, p);
     const int last = plot.DrawScale(labelHeight);
@@ -220,6 +278,8 @@ CompareButtons DrawCompareBoxPlots(PictureBox &pFR2, std::vector<int> &visual, s
         buttons.visualTop = f.h() * 0.57;
         buttons.audioTop = f.h() * 0.27;
     }
+    // A cap at the scale's start covers a pixel each side of CLng(w x 0.1).
+    buttons.width = std::clamp(Pos(f.w() * 0.1) - 1 - f.surface().DrawWidth() / 2 - 1, 1, CompareButtonWidth);
     f.Finish();
     return buttons;
 }

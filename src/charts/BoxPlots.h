@@ -21,7 +21,12 @@ struct BoxSummary {
 };
 
 inline constexpr OleColor BoxFillColour = RGB(225, 215, 210);
+inline constexpr int CompareButtonWidth = 60;
 inline constexpr const char *ScaleCaption = "Scale represents 1/100 ths of a second";
+// What the box plot's failures mean, in a pupil's words.
+inline constexpr const char *AllEqualSentence = "All the times are equal, so there is no box to draw.";
+inline constexpr const char *TooWideSentence =
+    "The times are spread too widely to draw at this precision; choose a coarser one, such as 1/100 th.";
 
 // Draws on pBox. sorted: AnalysisData after Get_Averages. Reads LowestValue, RangeValue,
 // MedianValue, LowerQuartile, UpperQuartile and both outlier limits of r. precisionIndex is
@@ -32,11 +37,13 @@ void DrawBoxPlot(PictureBox &pBox, const std::vector<int> &sorted, const Analysi
                  bool showBox);
 
 // Where the window puts cmdarr(0) ("Visual") and cmdarr(1) ("Audio"): Top in pixels of pFR(2)
-// (h x 0.57 and h x 0.27), Left 0. visible is false while the boxes are hidden.
+// (h x 0.57 and h x 0.27), Left 0, and a width that ends short of the scale's start, so neither
+// covers a whisker's cap there. visible is false while the boxes are hidden.
 struct CompareButtons {
     bool visible = false;
     double visualTop = 0;
     double audioTop = 0;
+    int width = CompareButtonWidth;
 };
 
 // Draws on pFR(2). Sorts both arrays (hundredths) in place and fills count, lowest, highest,

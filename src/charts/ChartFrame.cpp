@@ -61,6 +61,17 @@ int ScaleStartOf(float lowest) { return mulInt32(Leading(lowest, lowest > 99.0f)
 
 int ScaleEndOf(float highest) { return mulInt32(addInt32(Leading(highest, highest > 99.0f), 1), 10); }
 
+int LabelEvery(double spacing, int extent)
+{
+    if (spacing <= 0)
+        return 1;
+    static constexpr int steps[] = {1, 2, 5};
+    for (long long decade = 1;; decade *= 10)
+        for (int k : steps)
+            if (k * decade * spacing >= extent + 1 || k * decade >= 1000000000LL)
+                return static_cast<int>(k * decade);
+}
+
 void RequireStep(int step)
 {
     if (step == 0)

@@ -29,8 +29,12 @@ public:
     void ForeColor(OleColor colour) { m_surface.SetForeColor(colour); }
     void DrawWidth(int width) { m_surface.SetDrawWidth(width); }
 
-    // ScaleMode back to twips.
-    void Finish() { m_surface.SetScaleMode(PictureBox::Twips); }
+    // ScaleMode back to twips, and what was drawn goes to the screen at the next paint.
+    void Finish()
+    {
+        m_surface.SetScaleMode(PictureBox::Twips);
+        m_surface.Drawn();
+    }
 
 private:
     PictureBox &m_surface;
@@ -51,6 +55,10 @@ void DrawClassLabel(ChartFrame &f, int x, int y, int lineX, const QString &label
 // 1 times 10. 235 starts at 230, 85 at 80, 7 at 70 and 1234 at 120.
 int ScaleStartOf(float lowest);
 int ScaleEndOf(float highest);
+
+// Labels stand at every k-th tick, k the first of 1, 2, 5, 10, 20, 50 ... that spaces them at
+// least a label's extent (plus a pixel's gap) apart; the ticks themselves stay.
+int LabelEvery(double spacing, int extent);
 
 // A tick loop whose step is 0 would never end: that is a run-time failure instead.
 void RequireStep(int step);

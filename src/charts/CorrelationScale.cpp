@@ -2,12 +2,17 @@
 
 #include "charts/ChartFrame.h"
 
+#include <algorithm>
+
 namespace zrt {
 
 int CorrelationArrowX(int w, double spearmanValue)
 {
-    const int u = Pos(w * 0.9 / 200.0); // pixels per hundredth of the coefficient
-    return Pos(u * spearmanValue * 100.0 + w * 0.5);
+    // Pixels per hundredth of the coefficient, kept fractional: rounded to a whole pixel it
+    // stretched the scale past its ends (2.55 became 3, putting 0.96 beyond a 566-pixel surface).
+    // The arrow never leaves the ticks of -1 and +1, which single precision may just pass.
+    const double u = w * 0.9 / 200.0;
+    return std::clamp(Pos(u * spearmanValue * 100.0 + w * 0.5), Pos(w * 0.05), Pos(w * 0.95));
 }
 
 void DrawCorrelationScale(PictureBox &pFR1, double spearmanValue)

@@ -4,6 +4,7 @@
 #include "charts/GroupedFrame.h"
 #include "common/RunTimeError.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace zrt {
@@ -86,9 +87,11 @@ public:
     CFPlot(ChartFrame &f, const ClassTable &t) : m_f(f), m_t(t)
     {
         m_total = t.rows.empty() ? 0 : t.rows.back().cumulative;
-        m_v = (f.h() - 2 * m) / (m_total + 1);
         m_xEnd = (t.highestStem + 1) * 10;
-        m_p = m_xEnd == 0 ? 0 : (f.w() - 2 * m) / m_xEnd;
+        // Whole pixels per unit, as the plot has them; where that truncates to 0 the curve would
+        // lie flat on the axis and every reading line would read the axis, so the fraction stays.
+        m_v = WholeOrFraction(f.h() - 2 * m, m_total + 1.0);
+        m_p = m_xEnd == 0 ? 0 : WholeOrFraction(f.w() - 2 * m, m_xEnd);
     }
 
     void DrawAxes()
@@ -98,19 +101,47 @@ public:
         m_f.MoveTo(m, m);
         m_f.LineTo(m, h - m);
         m_f.LineTo(w - m, h - m);
+
+        const QString cf = QStringLiteral("CF");
+        const QRect cfInk = Drawings::LabelInk(m - 10, m - 20, 18, 0, false, cf);
+        const int time = Drawings::MeasureFont(16, 0, QStringLiteral("time(t)"));
+        const QRect timeInk = Drawings::LabelInk(w - time - 15, h - 20, 18, 0, false, QStringLiteral("time(t)"));
+
+        // Frequencies up the side. Ticks closer than the pen is wide, and numbers closer than
+        // their digits are tall, would merge into a bar: only every k-th is drawn then. A number
+        // wider than the margin is drawn smaller and ends left of the axis, where the search
+        // of the reading lines can't mistake it for the curve.
+        const int tickEvery = LabelEvery(m_v, m_f.surface().DrawWidth());
+        const int labelHeight = FittedLabelHeight(16, m - 4, QString::number(m_total + 1));
+        const int digits = Drawings::LabelInk(0, 0, labelHeight, 0, false, QStringLiteral("0123456789")).height();
+        const int labelEvery = LabelEvery(m_v, digits);
         for (int k = 0; k <= m_total + 1; ++k) {
-            const int y = h - m - m_v * k;
+            if (k % tickEvery != 0 && k % labelEvery != 0)
+                continue;
+            const int y = Pos(h - m - m_v * k);
             m_f.Line(m, y, m - 3, y);
-            m_f.Label(k < 10 ? m - 10 : m - 20, y - 6, QString::number(k), 16);
+            if (k % labelEvery != 0)
+                continue;
+            const QString text = QString::number(k);
+            int x = k < 10 ? m - 10 : m - 20;
+            x = std::max(1, std::min(x, m - 3 - Drawings::LabelWidth(labelHeight, 0, text)));
+            if (!Drawings::LabelInk(x, y - 6, labelHeight, 0, false, text).intersects(cfInk))
+                m_f.Label(x, y - 6, text, labelHeight);
         }
+        // Hundredths along the bottom, every k-th where 10 are too narrow for a number, and
+        // none where it would run into "time(t)".
+        const int widest = Drawings::LabelWidth(16, 0, QString::number(m_xEnd));
+        const int xEvery = LabelEvery(m_p * 10, widest);
         for (int k = 10; k <= m_xEnd; k += 10) {
-            const int x = m_p * k + m;
+            const int x = Pos(m_p * k + m);
             m_f.Line(x, h - m, x, h - m + 3);
-            m_f.Label(x - 10, h - m + 3, QString::number(k), 16);
+            const QString text = QString::number(k);
+            if ((k / 10) % xEvery == 0 &&
+                !Drawings::LabelInk(x - 10, h - m + 3, 16, 0, false, text).adjusted(-1, -1, 1, 1).intersects(timeInk))
+                m_f.Label(x - 10, h - m + 3, text, 16);
         }
-        m_f.Label(m - 10, m - 20, QStringLiteral("CF"), 18);
-        const int width = Drawings::MeasureFont(16, 0, QStringLiteral("time(t)"));
-        m_f.Label(w - width - 15, h - 20, QStringLiteral("time(t)"), 18);
+        m_f.Label(m - 10, m - 20, cf, 18);
+        m_f.Label(w - time - 15, h - 20, QStringLiteral("time(t)"), 18);
     }
 
     // Circles filled green, joined in order, and the segment from the lowest class's lower bound.
@@ -128,7 +159,7 @@ public:
         }
         if (!m_t.rows.empty()) {
             const QPoint first = PointOf(m_t.rows.front());
-            m_f.Line(m_t.lowestStem * 10 * m_p + m, m_f.h() - m, first.x(), first.y());
+            m_f.Line(Pos(m_t.lowestStem * 10 * m_p + m), m_f.h() - m, first.x(), first.y());
         }
     }
 
@@ -142,10 +173,25 @@ public:
     }
 
 private:
+    static double WholeOrFraction(int length, double units)
+    {
+        const double whole = std::trunc(length / units);
+        return whole >= 1 ? whole : std::max(0.0, length / units);
+    }
+
+    // The largest height up to `height` at which the text is at most `room` pixels wide.
+    static int FittedLabelHeight(int height, int room, const QString &text)
+    {
+        while (height > 8 && Drawings::LabelWidth(height, 0, text) > room)
+            --height;
+        return height;
+    }
+
     // The point of a class: its upper bound across, its cumulative frequency up.
     QPoint PointOf(const ClassRow &row) const
     {
-        return QPoint(mulInt32(mulInt32(row.stem + 1, 10), m_p) + m, m_f.h() - m - mulInt32(row.cumulative, m_v));
+        const double value = static_cast<double>(mulInt32(row.stem + 1, 10));
+        return QPoint(Pos(value * m_p) + m, m_f.h() - m - Pos(row.cumulative * m_v));
     }
 
     void DrawReadingLine(double target)
@@ -163,16 +209,37 @@ private:
         if (m_p == 0)
             raise(ErrDivisionByZero);
         const int q = Pos(static_cast<double>(x - m) / m_p);
-        m_f.Label(x, Pos(h - m * 0.45), QString::number(q), 16, AnswerColour);
+        const QString text = QString::number(q);
+        const int top = Pos(h - m * 0.45);
+        // Quartiles close to the median would print their readings over each other: a reading
+        // that would touch an earlier one stands left of its line, or else right of the other.
+        int at = x;
+        if (TouchesReading(Drawings::LabelInk(at, top, 16, 0, false, text))) {
+            at = x - 2 - Drawings::LabelWidth(16, 0, text);
+            for (const QRect &other : m_readings)
+                if (TouchesReading(Drawings::LabelInk(at, top, 16, 0, false, text)))
+                    at = std::max(at, other.right() + 3);
+        }
+        m_f.Label(at, top, text, 16, AnswerColour);
+        m_readings.push_back(Drawings::LabelInk(at, top, 16, 0, false, text));
+    }
+
+    bool TouchesReading(const QRect &ink) const
+    {
+        for (const QRect &other : m_readings)
+            if (other.adjusted(-2, 0, 2, 0).intersects(ink))
+                return true;
+        return false;
     }
 
     static constexpr int m = CFPlotMargin;
     ChartFrame &m_f;
     const ClassTable &m_t;
-    int m_total = 0; // T, the last cumulative frequency
-    int m_v = 0;     // pixels per unit of cumulative frequency
-    int m_xEnd = 0;  // the scale's end in hundredths
-    int m_p = 0;     // pixels per hundredth
+    int m_total = 0;  // T, the last cumulative frequency
+    double m_v = 0;   // pixels per unit of cumulative frequency
+    int m_xEnd = 0;   // the scale's end in hundredths
+    double m_p = 0;   // pixels per hundredth
+    std::vector<QRect> m_readings; // where the readings below the axis stand
 };
 
 } // namespace

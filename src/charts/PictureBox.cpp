@@ -17,16 +17,42 @@ PictureBox::PictureBox(QWidget *parent) : QWidget(parent)
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
+PictureBox::~PictureBox() { EndPainting(); }
+
+QPainter &PictureBox::Painter()
+{
+    fitCanvas();
+    if (!m_painter.isActive())
+        m_painter.begin(&m_image);
+    return m_painter;
+}
+
+void PictureBox::EndPainting() const
+{
+    if (m_painter.isActive())
+        m_painter.end();
+}
+
 // --- retained surface
 
 void PictureBox::Cls()
 {
+    EndPainting();
     fitCanvas();
     m_image.fill(TranslateColor(m_backColor));
     m_current = QPoint(0, 0);
+    m_marks.clear();
+    m_labelInks.clear();
+    update();
 }
 
 void PictureBox::Refresh() { repaint(); }
+
+void PictureBox::Drawn()
+{
+    EndPainting();
+    update();
+}
 
 qint32 PictureBox::Point(double x, double y) const
 {
@@ -44,12 +70,7 @@ qint32 PictureBox::PixelAt(int x, int y) const
 
 const QImage &PictureBox::Image() const
 {
-    fitCanvas();
-    return m_image;
-}
-
-QImage &PictureBox::Canvas()
-{
+    EndPainting(); // a copy taken now must not change with later drawing
     fitCanvas();
     return m_image;
 }
@@ -117,13 +138,18 @@ void PictureBox::MoveToEx(int x, int y) { m_current = QPoint(x, y); }
 void PictureBox::LineTo(int x, int y)
 {
     fitCanvas();
-    QPainter painter(&m_image);
+    if (m_recording) {
+        const int half = m_drawWidth / 2;
+        RecordMark(QRect(m_current, QPoint(x, y)).normalized().adjusted(-half, -half, half, half));
+    }
+    QPainter &painter = Painter();
     painter.setPen(currentPen());
     if (m_current == QPoint(x, y))
         painter.drawPoint(m_current);
     else
         painter.drawLine(m_current, QPoint(x, y));
     m_current = QPoint(x, y);
+    DoneWithPainter();
 }
 
 void PictureBox::Ellipse(int left, int top, int right, int bottom)
@@ -131,19 +157,29 @@ void PictureBox::Ellipse(int left, int top, int right, int bottom)
     fitCanvas();
     if (right - left < 2 || bottom - top < 2)
         return;
-    QPainter painter(&m_image);
+    const int half = m_drawWidth / 2;
+    RecordMark(QRect(QPoint(left, top), QPoint(right - 1, bottom - 1)).adjusted(-half, -half, half, half));
+    QPainter &painter = Painter();
     painter.setPen(currentPen());
     painter.setBrush(currentBrush());
     // An aliased one-pixel outline of a w x h rectangle covers w + 1 pixels: the box's right
     // and bottom edges stay outside.
     painter.drawEllipse(QRect(left, top, right - left - 1, bottom - top - 1));
+    painter.setBrush(Qt::NoBrush);
+    DoneWithPainter();
 }
 
 bool PictureBox::ExtFloodFill(int x, int y, OleColor colour, int fillType)
 {
     fitCanvas();
     const FloodKind kind = fillType == FloodFillSurface ? FloodKind::Surface : FloodKind::Border;
-    return FloodFill(m_image, x, y, TranslateColor(colour).rgb(), kind, currentBrush());
+    RecordMark(QRect(x, y, 1, 1));
+    const QBrush brush = currentBrush();
+    // A solid fill writes the pixels straight into the image, beside the open painter; any
+    // other brush paints its spans with a painter of its own.
+    if (brush.style() != Qt::SolidPattern)
+        EndPainting();
+    return FloodFill(m_image, x, y, TranslateColor(colour).rgb(), kind, brush);
 }
 
 QFont PictureBox::SelectFont(const QFont &font)
@@ -164,6 +200,7 @@ OleColor PictureBox::SetTextColor(OleColor colour)
 
 void PictureBox::paintEvent(QPaintEvent *)
 {
+    EndPainting();
     fitCanvas();
     QPainter painter(this);
     const int b = borderWidth();
@@ -194,6 +231,7 @@ void PictureBox::fitCanvas() const
     const QSize client = ClientSize();
     if (m_image.size() == client && m_image.format() == QImage::Format_RGB32)
         return;
+    EndPainting();
     QImage grown(client, QImage::Format_RGB32);
     grown.fill(TranslateColor(m_backColor));
     if (!m_image.isNull()) {

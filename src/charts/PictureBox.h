@@ -10,14 +10,19 @@
 //  - ScaleWidth, ScaleHeight, Point and the mouse signal speak the current ScaleMode
 //    (1 twips, 15 per pixel; 3 pixels).
 // Lines are drawn without antialiasing so that Point reads back exactly the painted colour.
+// Cls and every chart's end ask for a repaint, so what is drawn is on screen at the next paint
+// without waiting for something else to expose the surface.
 
 #include "toolbar/GraphicsBas1.h"
 
 #include <QFont>
 #include <QImage>
+#include <QPainter>
 #include <QPoint>
 #include <QPointF>
 #include <QWidget>
+
+#include <vector>
 
 namespace zrt {
 
@@ -36,15 +41,29 @@ public:
     static constexpr int FloodFillSurface = 1;
 
     explicit PictureBox(QWidget *parent = nullptr);
+    ~PictureBox() override;
 
     // --- retained surface
-    void Cls();     // clears to BackColor and moves the current point to (0, 0)
+    void Cls();     // clears to BackColor, moves the current point to (0, 0), asks for a repaint
     void Refresh(); // repaints now
+    void Drawn();   // asks for a repaint of what has been drawn; a chart's last call
     // Colour of the pixel under (x, y) in ScaleMode units as 0x00BBGGRR; -1 off the surface.
     qint32 Point(double x, double y) const;
     qint32 PixelAt(int x, int y) const; // the same in pixels
     const QImage &Image() const;
-    QImage &Canvas(); // for the text routines that paint into the surface
+    // The painter on the retained image, for the text routines. One painter stays open while a
+    // chart draws, instead of one per line, circle and label; it ends before the image is shown,
+    // cleared or resized, and before a patterned fill paints with one of its own.
+    QPainter &Painter();
+    void EndPainting() const;
+    // Ends the painter after every call, as if each made its own: the same picture, slower; kept
+    // so the two can be compared.
+    void SetPainterPerCall(bool on) { m_painterPerCall = on; }
+    void DoneWithPainter() const
+    {
+        if (m_painterPerCall)
+            EndPainting();
+    }
 
     // --- properties
     int ScaleMode() const { return m_scaleMode; }
@@ -86,6 +105,25 @@ public:
     OleColor SetTextColor(OleColor colour); // returns the previous colour
     OleColor TextColor() const { return m_textColor; }
 
+    // --- what was drawn, for tests: with recording on, the pixel rectangle each device call
+    // touches (pen width included) and the letters' box of each label, since the last Cls.
+    void SetRecording(bool on) { m_recording = on; }
+    bool Recording() const { return m_recording; }
+    const std::vector<QRect> &Marks() const { return m_marks; }
+    const std::vector<QRect> &LabelInks() const { return m_labelInks; }
+    void RecordMark(const QRect &r)
+    {
+        if (m_recording)
+            m_marks.push_back(r);
+    }
+    void RecordLabel(const QRect &ink)
+    {
+        if (m_recording && !ink.isNull()) {
+            m_labelInks.push_back(ink);
+            m_marks.push_back(ink);
+        }
+    }
+
 Q_SIGNALS:
     void Resize();
     // Button as Qt gives it; x and y in the current ScaleMode.
@@ -105,6 +143,8 @@ private:
     void paintBorder(QPainter &painter) const;
 
     mutable QImage m_image;
+    mutable QPainter m_painter;
+    bool m_painterPerCall = false;
     int m_scaleMode = Twips;
     int m_drawWidth = 1;
     int m_drawStyle = 0;
@@ -116,6 +156,9 @@ private:
     QPoint m_current;
     QFont m_font;
     OleColor m_textColor = 0;
+    bool m_recording = false;
+    std::vector<QRect> m_marks;
+    std::vector<QRect> m_labelInks;
 };
 
 } // namespace zrt

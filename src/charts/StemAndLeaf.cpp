@@ -6,6 +6,8 @@
 #include "stats/Averages.h"
 #include "stats/Maths.h"
 
+#include <algorithm>
+
 namespace zrt {
 
 namespace {
@@ -48,17 +50,47 @@ size_t LongestRow(const std::vector<StemRow> &rows)
 }
 
 // The largest height from g down to 12 at which the longest leaves fit beside the divider.
+// Letters only widen with the height, so leaves too long at 12 are too long at every height
+// tried: that case, the usual one for a long list, needs one measurement instead of one per height.
 int FittedHeight(int g, int w, const QString &longest)
 {
+    auto fits = [&](int f) { return w - (w * 0.1 + f * 0.75 + 5.0) >= Drawings::MeasureFont(f, 0, longest); };
+    if (g >= 12 && !fits(12))
+        return 12;
     int f = g + 1;
     for (;;) {
         --f;
-        const int measured = Drawings::MeasureFont(f, 0, longest);
         if (f < 12)
             return 12;
-        if (w - (w * 0.1 + f * 0.75 + 5.0) >= measured)
+        if (fits(f))
             return f;
     }
+}
+
+// Leaves wider than the room left of the surface's edge end with the last whole leaf that
+// fits and an ellipsis, so a long row is seen to go on instead of running off the surface.
+QString FittedLeaves(const QString &leaves, int height, int room)
+{
+    if (Drawings::LabelAdvance(height, 0, leaves) <= room)
+        return leaves;
+    const QString more = QString(QChar(0x2026));
+    QString shown = leaves;
+    const double limit = room - Drawings::LabelAdvance(height, 0, QStringLiteral(" ") + more);
+    // The advance grows with the text, so the cut is found by halving, among no more characters
+    // than could fit at a pixel each.
+    qsizetype low = 0, high = std::min<qsizetype>(leaves.size(), std::max(0, room) + 1);
+    while (low < high) {
+        const qsizetype mid = (low + high + 1) / 2;
+        if (Drawings::LabelAdvance(height, 0, leaves.left(mid)) <= limit)
+            low = mid;
+        else
+            high = mid - 1;
+    }
+    shown = leaves.left(low);
+    const qsizetype lastBlank = shown.lastIndexOf(QLatin1Char(' '));
+    if (low < leaves.size() && leaves[low] != QLatin1Char(' ') && lastBlank >= 0)
+        shown.truncate(lastBlank); // no leaf is cut in two
+    return shown + QStringLiteral(" ") + more;
 }
 
 } // namespace
@@ -117,9 +149,11 @@ void DrawStemAndLeaf(PictureBox &PicSL, const std::vector<std::string> &items, i
         f.ForeColor(LeafColour);
         const QString longest = QString::fromStdString(rows[LongestRow(rows)].leaves);
         const int height = FittedHeight(g, w, longest);
+        const int leafX = Pos(w * 0.1 + g * 0.75 + 5.0);
         for (int i = 0; i < r; ++i)
-            f.Label(Pos(w * 0.1 + g * 0.75 + 5.0), Pos(h * 0.1 + g * i),
-                    QString::fromStdString(rows[static_cast<size_t>(i)].leaves), height, LeafColour);
+            f.Label(leafX, Pos(h * 0.1 + g * i),
+                    FittedLeaves(QString::fromStdString(rows[static_cast<size_t>(i)].leaves), height, w - 2 - leafX),
+                    height, LeafColour);
         const QString key = QString::fromLatin1(StemKeyText);
         const int width = Drawings::MeasureFont(24, 0, key);
         f.Label(w - width - 30, Pos(h * 0.9), key, 24, LeafColour);

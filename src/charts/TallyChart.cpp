@@ -3,6 +3,8 @@
 #include "charts/Drawings.h"
 #include "charts/GroupedFrame.h"
 
+#include <algorithm>
+
 namespace zrt {
 
 std::string TallyText(int frequency)
@@ -16,16 +18,29 @@ std::string TallyText(int frequency)
 
 namespace {
 
-// One row's marks: the tally text, then a stroke across each group of four.
-void DrawMarks(ChartFrame &f, double left, double top, int g, int frequency)
+// One row's marks: the tally text, then a stroke across each group of four. A stroke starts
+// where its group is drawn: a step of the measured width (one pixel more than a group's
+// advance) drifted a pixel per group and reached the next group from about 30 on.
+// A tally longer than its column stops at the last whole group that fits, and an ellipsis says
+// that it goes on; the frequency beside it gives the count.
+void DrawMarks(ChartFrame &f, double left, double top, int g, int frequency, int columnEnd)
 {
-    f.Label(Pos(left), Pos(top), QString::fromStdString(TallyText(frequency)), g, AnswerColour);
-    const int gates = frequency / 5;
+    const QString group = QStringLiteral("llll ");
+    const double advance = Drawings::LabelAdvance(g, 0, group);
+    QString text = QString::fromStdString(TallyText(frequency));
+    int gates = frequency / 5;
+    if (Pos(left) + Drawings::LabelAdvance(g, 0, text) > columnEnd) {
+        const QString more = QString(QChar(0x2026));
+        const double room = columnEnd - Pos(left) - Drawings::LabelAdvance(g, 0, more);
+        gates = std::clamp(static_cast<int>(room / advance), 0, gates);
+        text = group.repeated(gates) + more;
+    }
+    f.Label(Pos(left), Pos(top), text, g, AnswerColour);
     if (gates <= 0)
         return;
-    const int u = Drawings::MeasureFont(g, 0, QStringLiteral("llll "));
+    const int u = Drawings::MeasureFont(g, 0, group);
     for (int k = 1; k <= gates; ++k) {
-        const double x = left + static_cast<double>(k - 1) * u;
+        const double x = Pos(left) + (k - 1) * advance;
         f.Line(Pos(x), Pos(top + g * 0.8), Pos(x + u * 0.6), Pos(top + g * 0.1));
     }
 }
@@ -60,7 +75,8 @@ void DrawTally(PictureBox &ptally, std::vector<int> &groupedData, bool showTally
             f.Label(Pos(w - w * 0.04 - e + 15.0), Pos(RowTop(f, g, static_cast<int>(i))),
                     QString::number(t.rows[i].frequency), g, AnswerColour);
         for (size_t i = 0; i < t.rows.size(); ++i)
-            DrawMarks(f, tallyLeft, RowTop(f, g, static_cast<int>(i)), g, t.rows[i].frequency);
+            DrawMarks(f, tallyLeft, RowTop(f, g, static_cast<int>(i)), g, t.rows[i].frequency,
+                      frequencyDivider - 3);
     }
     f.Finish();
 }

@@ -27,7 +27,10 @@ RunTimeError::RunTimeError(int number, const std::string &description)
 
 std::string RunTimeError::message() const
 {
-    return "Run-time error '" + std::to_string(m_number) + "': " + what();
+    std::string text = "Run-time error '" + std::to_string(m_number) + "': " + what();
+    if (!m_plain.empty())
+        text += "\n\n" + m_plain;
+    return text;
 }
 
 void raise(int number) { throw RunTimeError(number); }

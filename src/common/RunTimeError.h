@@ -24,13 +24,23 @@ public:
 
     int number() const noexcept { return m_number; }
     std::string description() const { return what(); }
-    // "Run-time error '6': Overflow"
+    // "Run-time error '6': Overflow", and on a line of its own the plain sentence when there is one.
     std::string message() const;
+
+    // What went wrong in words a pupil understands ("All the times are equal, so there is no
+    // box to draw."), set where the cause is known; empty otherwise.
+    const std::string &plain() const noexcept { return m_plain; }
+    RunTimeError &explain(const std::string &sentence)
+    {
+        m_plain = sentence;
+        return *this;
+    }
 
     static std::string standardText(int number);
 
 private:
     int m_number;
+    std::string m_plain;
 };
 
 [[noreturn]] void raise(int number);

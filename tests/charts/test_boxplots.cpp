@@ -201,3 +201,127 @@ TEST(CompareBoxPlots, DetailsListTheFiveNumbers)
     EXPECT_EQ(DetailsText(s), "Lowest value = 23\nLower Quartile = 24.5\nMedian = 27\nUpper Quartile = 30\n"
                               "Highest value = 31");
 }
+
+namespace {
+
+// Results of a sorted list with the quartiles given, for the geometry tests below.
+AnalysisResults Spread(int lowest, int highest, double q1, double median, double q3)
+{
+    AnalysisResults r;
+    r.LowestValue = lowest;
+    r.HighestValue = highest;
+    r.RangeValue = highest - lowest;
+    r.LowerQuartile = q1;
+    r.MedianValue = median;
+    r.UpperQuartile = q3;
+    r.InterquartileRange = q3 - q1;
+    r.LowerOutlierLimit = q1 - 1.5 * (q3 - q1);
+    r.UpperOutlierLimit = q3 + 1.5 * (q3 - q1);
+    return r;
+}
+
+bool AnyOverlap(const std::vector<QRect> &inks)
+{
+    for (size_t i = 0; i < inks.size(); ++i)
+        for (size_t j = i + 1; j < inks.size(); ++j)
+            if (inks[i].adjusted(-1, 0, 1, 0).intersects(inks[j]))
+                return true;
+    return false;
+}
+
+} // namespace
+
+// 22 to 167 on 566 x 300: the range 145 rounds to 100, so the scale as first worked out is
+// 110 long from s = 20 and ends at 130, short of 167. It is lengthened to 147: p = CLng(509.4 /
+// 148) = 3, which leaves room for the last cap (28 + 147 x 3 = 469). Before, p was 5 and the
+// whisker ran to 763. The 15-pixel label cell holds "100" in more than the 15 pixels between
+// ticks, so only every other tick is numbered.
+TEST(BoxPlot, ScaleReachesTheHighestTimeAndItsLabelsStayApart)
+{
+    PictureBox s;
+    Prepare(s, 566, 300);
+    s.SetRecording(true);
+    DrawBoxPlot(s, {22, 40, 60, 100, 120, 167}, Spread(22, 167, 40, 80, 120), 0, true);
+    EXPECT_EQ(s.PixelAt(469, 130), Colour(Black)); // the upper cap, h x 0.4 .. 0.6 = 120 .. 180
+    EXPECT_EQ(s.PixelAt(34, 130), Colour(Black));  // the lower cap at 22, 2 hundredths in
+    EXPECT_EQ(s.PixelAt(28 + 60, 130), Colour(Black)); // Q1 = 40: 20 hundredths in
+    for (const QRect &mark : s.Marks())
+        EXPECT_TRUE(QRect(0, 0, 566, 300).contains(mark)) << mark.x() << "," << mark.y() << " " << mark.width();
+    EXPECT_FALSE(AnyOverlap(s.LabelInks()));
+    EXPECT_GE(s.LabelInks().size(), 8u); // the scale is still numbered along its length
+}
+
+// Upper outliers from 126 to 164 beyond a box of 30 to 40 (limits 15 and 55): all three crosses
+// are on the surface now; p = 3 keeps 164 at 28 + 144 x 3 = 460.
+TEST(BoxPlot, FarOutliersAreCrossedOnTheSurface)
+{
+    PictureBox s;
+    Prepare(s, 566, 300);
+    DrawBoxPlot(s, {20, 30, 35, 40, 45, 126, 140, 164}, Spread(20, 164, 30, 37.5, 40), 0, true);
+    for (int v : {126, 140, 164}) {
+        const int x = 28 + (v - 20) * 3;
+        EXPECT_EQ(s.PixelAt(x, 150), Colour(Black)) << v;
+        EXPECT_EQ(s.PixelAt(x + 3, 147), Colour(Black)) << v;
+    }
+    EXPECT_EQ(s.PixelAt(28 + 25 * 3, 130), Colour(Black)); // the upper whisker ends at 45
+}
+
+// Five times of 32, one of 33 and one of 48: Q1 = Q3 = 32, so the box has no inside. The fill
+// used to start 5 pixels right of it and flood the surface up to the labels; now nothing is filled.
+TEST(BoxPlot, BoxWithoutInsideIsNotFilled)
+{
+    PictureBox s;
+    Prepare(s, 400, 200);
+    DrawBoxPlot(s, {32, 32, 32, 32, 32, 33, 48}, Spread(32, 48, 32, 32, 32), 0, true);
+    EXPECT_EQ(CountIn(s, QRect(0, 0, 400, 200), BoxFill), 0);
+    EXPECT_GT(InkIn(s, QRect(0, 166, 400, 14)), 0); // the labels are still there
+
+    // Range 2: L = 12, s = 30, p = CLng(360 / 13) = 28. A box from X(32) = 76 to X(32.15) = 80
+    // is 4 pixels wide, so the seed at 81 misses it: it is filled from its middle, column 78.
+    Prepare(s, 400, 200);
+    DrawBoxPlot(s, {32, 32, 32, 32, 33, 33, 34}, Spread(32, 34, 32, 32, 32.15), 0, true);
+    const QRect fill = BoundsOf(s, QRect(0, 0, 400, 200), BoxFill);
+    ASSERT_FALSE(fill.isNull());
+    EXPECT_TRUE(QRect(77, 61, 3, 79).contains(fill))
+        << fill.x() << "," << fill.y() << " " << fill.width() << "x" << fill.height();
+}
+
+TEST(BoxPlot, FailuresSayWhatHappenedInPlainWords)
+{
+    PictureBox s;
+    Prepare(s, 400, 200);
+    try {
+        DrawBoxPlot(s, {30, 30, 30}, Spread(30, 30, 30, 30, 30), 0, true);
+        FAIL() << "no run-time error";
+    } catch (const RunTimeError &e) {
+        EXPECT_EQ(e.number(), ErrInvalidCall);
+        EXPECT_EQ(e.plain(), AllEqualSentence);
+        EXPECT_EQ(e.message().rfind("Run-time error '5': ", 0), 0u) << e.message();
+        EXPECT_NE(e.message().find(AllEqualSentence), std::string::npos);
+    }
+    try {
+        // 0.15 s to 3.5 s at 1/10000 th: a range of 33500 overflows the rounding to one figure.
+        DrawBoxPlot(s, {1500, 35000}, Spread(1500, 35000, 1500, 18250, 35000), 2, true);
+        FAIL() << "no run-time error";
+    } catch (const RunTimeError &e) {
+        EXPECT_EQ(e.number(), ErrOverflow);
+        EXPECT_EQ(e.plain(), TooWideSentence);
+    }
+}
+
+// The "Visual" and "Audio" buttons stand at Left 0; on a 400-pixel surface the scale starts at
+// 40, where a lowest time on the scale's start has its cap. The buttons end short of it.
+TEST(CompareBoxPlots, ButtonsLeaveTheCapAtTheScaleStartUncovered)
+{
+    PictureBox s;
+    Prepare(s, 400, 300);
+    std::vector<int> visual{20, 25, 27, 29, 31}, audio{30, 32, 34, 36, 38};
+    BoxSummary vs, as;
+    const CompareButtons buttons = DrawCompareBoxPlots(s, visual, audio, true, vs, as);
+    EXPECT_EQ(s.PixelAt(40, 175), Colour(Black)); // the cap of 20 at Y - 5
+    const QRect cap = BoundsOf(s, QRect(0, 165, 60, 30), Black);
+    EXPECT_LT(buttons.width, cap.left());
+    EXPECT_GE(buttons.width, 30);
+    Prepare(s, 900, 300);
+    EXPECT_EQ(DrawCompareBoxPlots(s, visual, audio, true, vs, as).width, CompareButtonWidth);
+}

@@ -2,6 +2,7 @@
 
 #include "ChartTestSupport.h"
 
+#include "charts/ChartFrame.h"
 #include "charts/Drawings.h"
 
 #include <QFontInfo>
@@ -75,4 +76,31 @@ TEST(Drawings, MeasurementsFollowHeightWidthAndTheSelectedFont)
     s.SelectFont(Drawings::LabelFont(20, 0, 1, false, false, 0));
     EXPECT_EQ(Drawings::MeasureLabel(s, "Mid (t)"), Drawings::MeasureFont(20, 0, "Mid (t)"));
     EXPECT_GT(Drawings::MeasureLabel(s, "a&&b"), Drawings::MeasureLabel(s, "a&b")); // no prefix handling
+}
+
+// A logical font's positive height is its character cell: the face chosen fills it with its
+// ascent plus descent, the largest size that does, so rows of labels in height g just touch.
+TEST(Drawings, HeightIsTheCellOfAscentAndDescent)
+{
+    static const QImage reference(1, 1, QImage::Format_RGB32);
+    for (int height = 10; height <= 50; ++height) {
+        QFont font = Drawings::LabelFont(height, 0, 0, false, false, 0);
+        const QFontMetrics metrics(font, &reference);
+        EXPECT_LE(metrics.ascent() + metrics.descent(), height) << height;
+        EXPECT_GE(metrics.ascent() + metrics.descent(), height - 1) << height;
+        font.setPixelSize(font.pixelSize() + 1);
+        const QFontMetrics larger(font, &reference);
+        EXPECT_GT(larger.ascent() + larger.descent(), height) << height;
+    }
+    EXPECT_EQ(Drawings::LabelFont(-20, 0, 0, false, false, 0).pixelSize(), 20); // the letters' own size
+    EXPECT_LT(Drawings::LabelFont(24, 0, 0, false, false, 0).pixelSize(), 24);
+}
+
+TEST(Drawings, LabelsAreSpacedByOneTwoFiveSteps)
+{
+    EXPECT_EQ(LabelEvery(30, 20), 1);
+    EXPECT_EQ(LabelEvery(15, 22), 2);
+    EXPECT_EQ(LabelEvery(2, 16), 10);
+    EXPECT_EQ(LabelEvery(0.17, 16), 100);
+    EXPECT_EQ(LabelEvery(4, 16), 5);
 }

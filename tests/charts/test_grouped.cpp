@@ -228,3 +228,138 @@ TEST(CFPlot, NarrowSurfaceCollapsesThePointsOnTheAxis)
     EXPECT_NO_THROW(DrawCFPlot(s, data, true, true));
     EXPECT_EQ(CountIn(s, QRect(36, 0, 24, 260), CurvePointColour), 0);
 }
+
+namespace {
+
+// 120 times spread evenly from 10 to 89 hundredths: 15 in each class of stems 1 to 8.
+std::vector<int> HundredAndTwenty()
+{
+    std::vector<int> v;
+    for (int i = 0; i < 120; ++i)
+        v.push_back(10 + i * 2 / 3);
+    return v;
+}
+
+bool Overlapping(const std::vector<QRect> &inks)
+{
+    for (size_t i = 0; i < inks.size(); ++i)
+        for (size_t j = i + 1; j < inks.size(); ++j)
+            if (inks[i].adjusted(-1, 0, 1, 0).intersects(inks[j])) {
+                ADD_FAILURE() << "labels at " << inks[i].x() << "," << inks[i].y() << " " << inks[i].width() << "x"
+                              << inks[i].height() << " and " << inks[j].x() << "," << inks[j].y() << " "
+                              << inks[j].width() << "x" << inks[j].height() << " overlap";
+                return true;
+            }
+    return false;
+}
+
+} // namespace
+
+// Surface 600 x 400, T = 120: v = trunc(340 / 121) = 2, X = 90, p = trunc(540 / 90) = 6.
+// The points stand at ((s + 1) x 60 + 30, 370 - 30 s): the median 60 at y 250 is the point of
+// stem 4, x 330, so its reading is 50 (the circle's edge at 327 reads CLng(297 / 6) = 50). The
+// frequency labels, 2 pixels apart, used to stack into a bar whose three-digit numbers crossed
+// the axis, and the search stopped there, reading about 1.
+TEST(CFPlot, HundredsOfResultsKeepTheLabelsApartAndTheReadingOnTheCurve)
+{
+    PictureBox s;
+    Prepare(s, 600, 400);
+    s.SetRecording(true);
+    std::vector<int> data = HundredAndTwenty();
+    DrawCFPlot(s, data, true, true);
+    EXPECT_FALSE(Overlapping(s.LabelInks()));
+    for (const QRect &mark : s.Marks())
+        EXPECT_TRUE(QRect(0, 0, 600, 400).contains(mark)) << mark.x() << "," << mark.y();
+    EXPECT_EQ(CountIn(s, QRect(32, 31, 2, 338), Black), 0) << "nothing black right of the axis";
+
+    const int median = BoundsOf(s, QRect(30, 250, 390, 1), Maroon).right(); // the upper quartile's drop is at 450
+    EXPECT_GE(median, 325);
+    EXPECT_LE(median, 331);
+    EXPECT_GT(CountIn(s, QRect(median - 1, 260, 3, 100), Maroon), 10); // its drop to the axis
+}
+
+// 2,000 results: T + 1 is more than the 340 pixels of height, so a whole pixel per unit would
+// be 0 and the curve would lie on the axis. It rises instead, and the median reads the curve.
+TEST(CFPlot, MoreResultsThanPixelsStillDrawTheCurve)
+{
+    PictureBox s;
+    Prepare(s, 600, 400);
+    s.SetRecording(true);
+    std::vector<int> data;
+    for (int i = 0; i < 2000; ++i)
+        data.push_back(10 + i * 80 / 2000);
+    DrawCFPlot(s, data, true, true);
+    const QRect points = BoundsOf(s, QRect(0, 0, 600, 400), CurvePointColour);
+    ASSERT_FALSE(points.isNull());
+    EXPECT_LT(points.top(), 40);     // the last point near the top
+    EXPECT_GT(points.bottom(), 300); // the first near the bottom
+    const int median = BoundsOf(s, QRect(30, 200, 570, 1), Maroon).right(); // y = CLng(370 - 1000 x 340 / 2001)
+    EXPECT_GE(median, 320);
+    EXPECT_LE(median, 340);
+    EXPECT_FALSE(Overlapping(s.LabelInks()));
+    for (const QRect &mark : s.Marks())
+        EXPECT_TRUE(QRect(0, 0, 600, 400).contains(mark)) << mark.x() << "," << mark.y();
+}
+
+// The stroke across each group of four starts at the group: 40 in one class is 8 groups, and
+// the 8th stroke begins on the 8th group's first mark. Stepping by the measured width (a pixel
+// more than a group's advance) put it 8 pixels to the right, over the next group.
+TEST(Tally, GateStrokesStayOnTheirGroups)
+{
+    PictureBox s, text;
+    Prepare(s, 700, 300);
+    Prepare(text, 700, 300);
+    std::vector<int> data(40, 25);
+    DrawTally(s, data, true);
+    const int c = Drawings::MeasureFont(28, 0, "20<t<30");
+    const int left = CLng(35.0 + c + 15.0);
+    Drawings::DrawLabel(&text, left, 30, QString("llll ").repeated(8), true, Maroon, 0, 0, 0, 28);
+
+    // The marks' columns, from the text alone, in the middle of the row.
+    std::vector<int> marks;
+    for (int x = 0, y = 30 + 14; x < 700; ++x)
+        if (text.PixelAt(x, y) != Colour(White) && (x == 0 || text.PixelAt(x - 1, y) == Colour(White)))
+            marks.push_back(x);
+    ASSERT_EQ(marks.size(), 32u);
+    // Each stroke's foot on the row CLng(30 + 28 x 0.8) = 52, where the text is not.
+    const int foot = 52;
+    std::vector<int> feet;
+    for (int x = 0; x < 560; ++x) // left of the frequency column
+        if (s.PixelAt(x, foot) == Colour(Maroon) && text.PixelAt(x, foot) == Colour(White) &&
+            (feet.empty() || x > feet.back() + 4))
+            feet.push_back(x);
+    ASSERT_EQ(feet.size(), 8u);
+    for (size_t k = 0; k < 8; ++k)
+        EXPECT_NEAR(feet[k], marks[4 * k], 3) << "group " << k + 1;
+}
+
+// A frequency whose tally is wider than its column stops at the last group that fits, and an
+// ellipsis follows; the frequency column keeps the count.
+TEST(Tally, LongTallyStaysInItsColumn)
+{
+    PictureBox s;
+    Prepare(s, 500, 300);
+    s.SetRecording(true);
+    std::vector<int> data(400, 25);
+    DrawTally(s, data, true);
+    const int e = Drawings::MeasureFont(20, 0, "Frequency");
+    const int divider = CLng(500 - 20.0 - e - 15.0);
+    EXPECT_EQ(CountIn(s, QRect(divider + 2, 31, 20, 26), Maroon), 0);
+    EXPECT_GT(CountIn(s, QRect(divider - 60, 31, 55, 26), Maroon), 0);
+    for (const QRect &mark : s.Marks())
+        EXPECT_TRUE(QRect(0, 0, 500, 300).contains(mark)) << mark.x() << "," << mark.y();
+}
+
+// The estimate's descenders ("p" of "d.p.") stay inside the surface: its 24-pixel cell ends
+// at the bottom edge, and the letters with it.
+TEST(EstimatedMean, EstimateKeepsItsDescenders)
+{
+    PictureBox s;
+    Prepare(s, 500, 300);
+    std::vector<int> data = Sample();
+    DrawEstimatedMean(s, data, true);
+    const QRect blue = BoundsOf(s, QRect(0, 0, 500, 300), EstimatedMeanColour);
+    ASSERT_FALSE(blue.isNull());
+    EXPECT_LT(blue.bottom(), 299);
+    EXPECT_GT(blue.bottom(), 290);
+}

@@ -3,6 +3,7 @@
 #include "ChartTestSupport.h"
 
 #include "charts/CorrelationScale.h"
+#include "common/NumberText.h"
 #include "charts/ScatterGraph.h"
 #include "common/RunTimeError.h"
 
@@ -83,7 +84,7 @@ TEST_F(Scatter, ShortAudioListIsASubscriptFailure)
 }
 
 // Surface 400 x 100: line at y 90 from 20 to 380, ticks at 20, 380 and 200 up to 80.
-// u = CLng(360 / 200) = 2, so r = 0.5 puts the arrow at 2 x 50 + 200 = 300, r = -1 at 0.
+// 1.8 pixels per hundredth of the coefficient, so r = 0.5 puts the arrow at 90 + 200 = 290.
 TEST(CorrelationScale, BlackScaleAndRedArrow)
 {
     PictureBox s;
@@ -93,10 +94,35 @@ TEST(CorrelationScale, BlackScaleAndRedArrow)
     EXPECT_EQ(s.PixelAt(20, 83), Colour(Black));
     EXPECT_EQ(s.PixelAt(380, 83), Colour(Black));
     EXPECT_EQ(s.PixelAt(200, 83), Colour(Black));
-    EXPECT_EQ(s.PixelAt(300, 70), Colour(CorrelationArrowColour));
-    EXPECT_EQ(s.PixelAt(296, 84), Colour(CorrelationArrowColour)); // the head's left arm
-    EXPECT_EQ(s.PixelAt(300, 55), Colour(White));                  // 30 pixels tall
+    EXPECT_EQ(s.PixelAt(290, 70), Colour(CorrelationArrowColour));
+    EXPECT_EQ(s.PixelAt(286, 84), Colour(CorrelationArrowColour)); // the head's left arm
+    EXPECT_EQ(s.PixelAt(290, 55), Colour(White));                  // 30 pixels tall
     EXPECT_GT(InkIn(s, QRect(15, 58, 30, 24)), 0);                 // "-1"
-    EXPECT_EQ(CorrelationArrowX(400, -1.0), 0);
-    EXPECT_EQ(CorrelationArrowX(500, 1.0), 450); // u = CLng(2.25) = 2: short of "+1" at 475
+}
+
+// The arrow stands between the end ticks CLng(w x 0.05) and CLng(w x 0.95) for every
+// coefficient and width: 566 pixels used to put r = 0.9553 at 570 (a whole 3 pixels per
+// hundredth), r = 1 off the surface, and a wide window put +1 right of its tick.
+TEST(CorrelationScale, ArrowStaysOnTheScaleAtEveryWidth)
+{
+    EXPECT_EQ(CorrelationArrowX(566, 0.9553), 526); // 566 x 0.45 x 0.9553 + 283 = 526.3
+    EXPECT_EQ(CorrelationArrowX(566, 1.0), CLng(566 * 0.95));
+    EXPECT_EQ(CorrelationArrowX(566, -1.0), CLng(566 * 0.05));
+    EXPECT_EQ(CorrelationArrowX(1250, 1.0), CLng(1250 * 0.95));
+    EXPECT_EQ(CorrelationArrowX(500, 1.0000001), 475); // single precision just past +1
+    for (int w = 300; w <= 1280; w += 7)
+        for (double r = -1.0; r <= 1.0; r += 0.0625) {
+            const int x = CorrelationArrowX(w, r);
+            EXPECT_GE(x, CLng(w * 0.05)) << w << " " << r;
+            EXPECT_LE(x, CLng(w * 0.95)) << w << " " << r;
+        }
+
+    // r = 1 shows its arrow, almost at "+1": on the end tick, inside the surface.
+    PictureBox s;
+    Prepare(s, 566, 120);
+    DrawCorrelationScale(s, 1.0);
+    const QRect arrow = BoundsOf(s, QRect(0, 0, 566, 120), CorrelationArrowColour);
+    ASSERT_FALSE(arrow.isNull());
+    EXPECT_NEAR(arrow.center().x(), CLng(566 * 0.95), 1);
+    EXPECT_LT(arrow.right(), 566);
 }
