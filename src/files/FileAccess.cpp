@@ -1,6 +1,7 @@
 #include "files/FileAccess.h"
 
 #include <cerrno>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <system_error>
@@ -84,14 +85,20 @@ fs::path TemporaryPath(const fs::path &target)
     return target.parent_path() / fs::u8path(TemporaryPrefix(target) + std::to_string(ProcessId()) + ".tmp");
 }
 
-bool ProcessIsGone(long pid)
+// Whether a temporary file named for pid can be removed: ours from an attempt that did not
+// finish, or one whose process is gone. Where processes can't be asked, one that has not been
+// written to for ten minutes is taken to be abandoned.
+bool Abandoned(long pid, const fs::path &file)
 {
     if (pid == ProcessId())
-        return true; // ours, from an attempt that did not finish
+        return true;
 #if ZRT_POSIX_FILES
+    (void)file;
     return ::kill(static_cast<pid_t>(pid), 0) != 0 && errno == ESRCH;
 #else
-    return true;
+    std::error_code ec;
+    const auto written = fs::last_write_time(file, ec);
+    return !ec && fs::file_time_type::clock::now() - written > std::chrono::minutes(10);
 #endif
 }
 
@@ -338,7 +345,7 @@ void RemoveStaleTemporaries(const std::string &path)
         const std::string digits = name.substr(prefix.size(), name.size() - prefix.size() - 4);
         if (digits.empty() || digits.size() > 9 || digits.find_first_not_of("0123456789") != std::string::npos)
             continue;
-        if (ProcessIsGone(std::stol(digits))) {
+        if (Abandoned(std::stol(digits), it->path())) {
             std::error_code ignored;
             fs::remove(it->path(), ignored);
         }
