@@ -53,7 +53,7 @@ bool ucGifPlayer::LoadAnimatedGIF_File(const QString &path)
     QByteArray bytes;
     QFile file(path);
     if (info.isFile() && info.size() <= GifFrameStrip::kMaxBytes && file.open(QIODevice::ReadOnly))
-        bytes = file.read(GifFrameStrip::kMaxBytes);
+        bytes = file.read(info.size());
     const bool loaded = LoadAnimatedGIF_Array(bytes);
     if (!loaded && bytes.isEmpty())
         m_LoadError = QStringLiteral("The file %1 can't be read as a picture.").arg(path);

@@ -141,7 +141,9 @@ void MainFrm::Open_Data()
     try {
         content = zrt::ReadRtd(doc, List1->ListCount(), List2->ListCount());
     } catch (const zrt::RunTimeError &error) {
-        MsgBox(this, QString::fromStdString(error.message()) + QStringLiteral("\n\n") + OpenErrorSentence(path, error.number()),
+        MsgBox(this,
+               QString::fromStdString(error.message()) + QStringLiteral("\n\n") +
+                   OpenErrorSentence(path, error.number()),
                vbCritical, windowTitle());
         return;
     }

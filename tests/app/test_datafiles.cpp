@@ -246,7 +246,8 @@ TEST_F(DataFilesTest, ASaveThatFailsKeepsTheOldFileSaysWhyAndLeavesTheDataUnsave
     const QString path = folder.filePath("class.rtd");
     QFile old(path);
     ASSERT_TRUE(old.open(QIODevice::WriteOnly));
-    const QByteArray oldBytes = "[RTDINFO]\r\nDataItems=1\r\nSample=0\r\n[DATA]\r\nData1=0.3\r\n" + QByteArray(11800, ';');
+    const QByteArray oldBytes =
+        "[RTDINFO]\r\nDataItems=1\r\nSample=0\r\n[DATA]\r\nData1=0.3\r\n" + QByteArray(11800, ';');
     old.write(oldBytes);
     old.close();
     AddPairs({{"0.42113", "0.61207"}, {"0.38771", "0.55002"}});

@@ -241,7 +241,8 @@ TEST(IniDocument, ReadsUtf8Utf16AndEveryLineEnd)
         EXPECT_EQ(doc.value("Settings", "LastSavedFolder"), "/home/p\xC3\xA9\xF0\x9F\x98\x80") << big;
         EXPECT_EQ(doc.value("Settings", "DisableSound"), "1") << big;
         // Written back as UTF-8 with CR LF.
-        EXPECT_EQ(doc.serialize(), "[Settings]\r\nLastSavedFolder=/home/p\xC3\xA9\xF0\x9F\x98\x80\r\nDisableSound=1\r\n");
+        EXPECT_EQ(doc.serialize(),
+                  "[Settings]\r\nLastSavedFolder=/home/p\xC3\xA9\xF0\x9F\x98\x80\r\nDisableSound=1\r\n");
     }
     const auto marked = IniDocument::parse("\xEF\xBB\xBF[Settings]\nDisableSound=2\n");
     EXPECT_EQ(marked.value("Settings", "DisableSound"), "2");
@@ -512,5 +513,6 @@ TEST(ReplaceFile, OnlyItsOwnTemporaryNamesAreTakenForLeftovers)
     writeBytes(dir.file(".other.rtd.zrt-999999999.tmp"), "another file's");
     writeBytes(dir.file("notes.tmp"), "the user's");
     ASSERT_TRUE(ReplaceFile(path, kOld));
-    EXPECT_EQ(Leftovers(dir.path(), "class.rtd"), std::vector<std::string>({".other.rtd.zrt-999999999.tmp", "notes.tmp"}));
+    EXPECT_EQ(Leftovers(dir.path(), "class.rtd"),
+              std::vector<std::string>({".other.rtd.zrt-999999999.tmp", "notes.tmp"}));
 }
