@@ -1,11 +1,13 @@
 // Loading large or hostile inputs: the ini reader on a file of blank lines, the settings reads
 // of start-up on an oversized settings file, and the GIF block walk on files of many tiny
-// frames, each with its own colour table. "heap_bytes" is what the result holds on the heap
+// frames, each with its own colour table, and the sound loading of start-up when the settings
+// name a device, a pipe and a 300 MB file. "heap_bytes" is what the result holds on the heap
 // (glibc's count of allocated and mapped bytes, before and after), so memory shows beside time.
 
 #include "anim/GifParser.h"
 #include "files/IniDocument.h"
 #include "files/REGbas1.h"
+#include "reaction/SoundBas.h"
 
 #include <benchmark/benchmark.h>
 
@@ -16,6 +18,10 @@
 
 #if defined(__GLIBC__)
 #include <malloc.h>
+#endif
+#if defined(__unix__)
+#include <sys/stat.h>
+#include <unistd.h>
 #endif
 
 namespace {
@@ -89,6 +95,40 @@ void BM_ParseGifTinyFrames(benchmark::State &state)
     state.counters["file_bytes"] = static_cast<double>(bytes.size());
 }
 BENCHMARK(BM_ParseGifTinyFrames)->Arg(20000)->Arg(200000)->Unit(benchmark::kMillisecond);
+
+#if defined(__unix__)
+// SOUND1 /dev/zero, SOUND2 a pipe with no writer, SOUND3 a sparse 300 MB file, SOUND4 missing.
+void BM_LoadSoundsHostile(benchmark::State &state)
+{
+    namespace fs = std::filesystem;
+    const fs::path dir = fs::temp_directory_path() / "zrt-bench-sounds";
+    fs::create_directories(dir);
+    const fs::path pipe = dir / "cue.wav", huge = dir / "huge.wav", ini = dir / "Zorvanes.ini";
+    fs::remove(pipe);
+    ::mkfifo(pipe.c_str(), 0600);
+    {
+        std::ofstream out(huge, std::ios::binary);
+    }
+    fs::resize_file(huge, 300u << 20);
+    {
+        std::ofstream out(ini, std::ios::binary);
+        out << "[Settings]\r\nSOUND1=/dev/zero\r\nSOUND2=" << pipe.string() << "\r\nSOUND3=" << huge.string()
+            << "\r\nSOUND4=" << (dir / "missing.wav").string() << "\r\n";
+    }
+    const QString settings = QString::fromStdString(ini.string());
+    auto builtIn = [](int) { return QByteArray(64, 'w'); };
+    double held = 0;
+    for (auto _ : state) {
+        const double before = HeapInUse();
+        const SoundBas::SoundBank bank = SoundBas::LoadSounds(settings, builtIn);
+        held = HeapInUse() - before;
+        benchmark::DoNotOptimize(bank);
+    }
+    state.counters["heap_bytes"] = held;
+    fs::remove_all(dir);
+}
+BENCHMARK(BM_LoadSoundsHostile)->Unit(benchmark::kMicrosecond);
+#endif
 
 } // namespace
 
