@@ -150,13 +150,28 @@ void SyncFolder(const fs::path &folder)
     }
 }
 
+// Fills the open file with the bytes, with the old file's permission bits, and syncs it.
+int FillAndSync(int fd, std::string_view bytes, const struct stat *old)
+{
+    if (old)
+        ::fchmod(fd, old->st_mode & 07777);
+    if (int e = WriteAll(fd, bytes))
+        return e;
+    return SyncToDisk(fd);
+}
+
 // The file's bytes on the disk under the temporary name; 0 or the error number.
 int WriteTemporary(const fs::path &target, const fs::path &temp, std::string_view bytes, bool &named)
 {
     named = false;
-    struct stat old {};
-    const bool hadOld = ::stat(target.c_str(), &old) == 0 && S_ISREG(old.st_mode);
+    struct stat oldStat {};
+    const struct stat *old = ::stat(target.c_str(), &oldStat) == 0 && S_ISREG(oldStat.st_mode) ? &oldStat : nullptr;
     const fs::path folder = target.parent_path().empty() ? fs::path(".") : target.parent_path();
+    auto openNamed = [&](Descriptor &file) {
+        file.fd = ::open(temp.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0666);
+        named = file.fd >= 0;
+        return named ? 0 : errno;
+    };
 
     if (int e = InjectedError(WriteStep::Create))
         return e;
@@ -165,24 +180,28 @@ int WriteTemporary(const fs::path &target, const fs::path &temp, std::string_vie
     if (InjectedError(WriteStep::Unnamed) == 0)
         file.fd = ::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);
 #endif
-    const bool unnamed = file.fd >= 0;
-    if (!unnamed) {
-        file.fd = ::open(temp.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0666);
-        if (file.fd < 0)
-            return errno;
-        named = true;
-    }
-    if (hadOld)
-        ::fchmod(file.fd, old.st_mode & 07777);
-    if (int e = WriteAll(file.fd, bytes))
-        return e;
-    if (int e = SyncToDisk(file.fd))
-        return e;
-    if (unnamed) {
+    if (file.fd >= 0) {
+        if (int e = FillAndSync(file.fd, bytes, old))
+            return e;
+        // Naming goes through /proc; where that is not there the bytes are written again
+        // under the temporary name.
         const std::string self = "/proc/self/fd/" + std::to_string(file.fd);
-        if (::linkat(AT_FDCWD, self.c_str(), AT_FDCWD, temp.c_str(), AT_SYMLINK_FOLLOW) != 0)
-            return errno;
-        named = true;
+        if (::linkat(AT_FDCWD, self.c_str(), AT_FDCWD, temp.c_str(), AT_SYMLINK_FOLLOW) == 0) {
+            named = true;
+        } else {
+            if (errno != ENOENT && errno != EPERM && errno != EACCES)
+                return errno;
+            ::close(file.fd);
+            if (int e = openNamed(file))
+                return e;
+            if (int e = FillAndSync(file.fd, bytes, old))
+                return e;
+        }
+    } else {
+        if (int e = openNamed(file))
+            return e;
+        if (int e = FillAndSync(file.fd, bytes, old))
+            return e;
     }
     const int fd = file.fd;
     file.fd = -1;
