@@ -41,8 +41,10 @@ void GifByteReader::ReadGifPalette(GifPaletteRow &row, int bits)
     if (m_pos < 0 || m_pos + 3 * qsizetype(entries) > m_bytes.size())
         EndOfFile();
     const auto *p = reinterpret_cast<const quint8 *>(m_bytes.constData()) + m_pos;
+    std::vector<quint32> table(static_cast<size_t>(entries));
     for (int k = 0; k < entries; ++k, p += 3)
-        row[k] = (quint32(p[0]) << 16) | (quint32(p[1]) << 8) | p[2];
+        table[size_t(k)] = (quint32(p[0]) << 16) | (quint32(p[1]) << 8) | p[2];
+    row.Assign(std::move(table));
     m_pos += 3 * qsizetype(entries);
 }
 

@@ -54,16 +54,35 @@ GifBuildPlan PlanGifBuild(const GifImage &gif)
     return plan;
 }
 
+qint64 GifFrameStrip::BytesNeeded(const GifImage &gif, const GifBuildPlan &plan)
+{
+    const qint64 height = std::max(0, gif.ActualHeight);
+    qint64 bytes = qint64(std::max(0, plan.StripWidth)) * height;
+    if (plan.UseCanvas)
+        bytes += 8 * qint64(std::max(0, gif.ActualWidth)) * height;
+    return bytes;
+}
+
 bool GifFrameStrip::Create(const GifImage &gif, const GifBuildPlan &plan)
 {
     m_strip = QImage();
-    if (plan.StripWidth <= 0 || gif.ActualHeight <= 0
-        || qint64(plan.StripWidth) * gif.ActualHeight > kMaxPixels
-        || qint64(gif.ActualWidth) * gif.ActualHeight > kMaxPixels)
+    m_refusal.clear();
+    if (plan.StripWidth <= 0 || gif.ActualHeight <= 0) {
+        m_refusal = QStringLiteral("The picture has no pixels.");
         return false;
+    }
+    const qint64 needed = BytesNeeded(gif, plan);
+    if (needed > kMaxBytes || plan.StripWidth == INT_MAX) {
+        m_refusal = QStringLiteral("The picture needs %1 MB to play, more than the %2 MB one picture may take.")
+                        .arg((needed + (1 << 20) - 1) >> 20)
+                        .arg(kMaxBytes >> 20);
+        return false;
+    }
     m_strip = QImage(plan.StripWidth, gif.ActualHeight, QImage::Format_Indexed8);
-    if (m_strip.isNull())
+    if (m_strip.isNull()) {
+        m_refusal = QStringLiteral("There is not enough memory for the picture.");
         return false;
+    }
     m_strip.setColorTable(IdentityTable());
     m_strip.fill(0);
     return true;

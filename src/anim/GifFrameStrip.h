@@ -5,6 +5,7 @@
 #include "GifParser.h"
 
 #include <QImage>
+#include <QString>
 
 namespace zrt {
 
@@ -22,11 +23,16 @@ GifBuildPlan PlanGifBuild(const GifImage &gif);
 
 class GifFrameStrip {
 public:
-    // The largest strip accepted, in pixels; a bigger file counts as unusable.
-    static constexpr qint64 kMaxPixels = qint64(1) << 25;
+    // The most memory one loaded GIF may take: its strip (a byte per pixel of every frame side
+    // by side) and, where frames are composed, the canvas and the area a frame put back saves
+    // (four bytes per pixel of the picture each). A file that needs more is refused.
+    static constexpr qint64 kMaxBytes = qint64(256) << 20;
+    static qint64 BytesNeeded(const GifImage &gif, const GifBuildPlan &plan);
 
-    // A blank strip of the plan's width and the picture's height. False if it cannot be made.
+    // A blank strip of the plan's width and the picture's height. False if it cannot be made;
+    // RefusalReason then says why.
     bool Create(const GifImage &gif, const GifBuildPlan &plan);
+    const QString &RefusalReason() const { return m_refusal; }
     void Release() { m_strip = QImage(); }
     bool IsNull() const { return m_strip.isNull(); }
 
@@ -46,6 +52,7 @@ public:
 
 private:
     QImage m_strip;
+    QString m_refusal;
 };
 
 // The colour row of a GIF as a Qt colour table, with an optional see-through index.

@@ -79,8 +79,6 @@ bool ReadImage(GifByteReader &in, GifImage &gif, GifFrame &pending)
     if (block.Size < 3)
         return true;
 
-    if (gif.Blocks.size() == gif.Blocks.capacity())
-        gif.Blocks.reserve(gif.Blocks.capacity() + 5);
     gif.Blocks.push_back(block);
     gif.Frames.push_back(pending);
     gif.ActualWidth = std::max(gif.ActualWidth, pending.Left + pending.Width);
@@ -95,7 +93,6 @@ int ParseGif(const QByteArray &bytes, GifImage &gif)
 {
     gif = GifImage{};
     gif.GifPalettes.resize(1, GifPaletteRow{});
-    gif.Blocks.reserve(10);
     GifByteReader in(bytes);
     try {
         if (!HasGifSignature(in))

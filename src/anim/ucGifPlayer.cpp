@@ -5,6 +5,7 @@
 #include "common/NumberText.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -47,11 +48,16 @@ bool ucGifPlayer::LoadAnimatedGIF_Array(const QByteArray &bytes)
 
 bool ucGifPlayer::LoadAnimatedGIF_File(const QString &path)
 {
+    // Only an ordinary file is opened: a pipe would wait for a writer, a device never end.
+    const QFileInfo info(path);
     QByteArray bytes;
     QFile file(path);
-    if (file.open(QIODevice::ReadOnly))
-        bytes = file.readAll();
-    return LoadAnimatedGIF_Array(bytes);
+    if (info.isFile() && info.size() <= GifFrameStrip::kMaxBytes && file.open(QIODevice::ReadOnly))
+        bytes = file.read(info.size());
+    const bool loaded = LoadAnimatedGIF_Array(bytes);
+    if (!loaded && bytes.isEmpty())
+        m_LoadError = QStringLiteral("The file %1 can't be read as a picture.").arg(path);
+    return loaded;
 }
 
 void ucGifPlayer::setAnimatedGIF(const QByteArray &bytes)
@@ -83,15 +89,20 @@ bool ucGifPlayer::LoadGif(const QByteArray &bytes)
     m_ScaleRatioX = m_ScaleRatioY = 0.0f;
     m_LoopsDone = 0;
     m_GifBytes = bytes;
+    m_LoadError.clear();
     int frames = 0;
     if (!m_GifBytes.isEmpty()) {
         frames = ParseGif(m_GifBytes, m_gif);
         if (frames > 0) {
             bool firstPass = true;
-            if (!BuildFrames(firstPass))
+            if (!BuildFrames(firstPass)) {
                 frames = 0;
-            else if (frames == 1)
+                m_LoadError = m_strip.RefusalReason();
+            } else if (frames == 1) {
                 repaint();
+            }
+        } else {
+            m_LoadError = QStringLiteral("The data are no GIF picture with frames the program can read.");
         }
     }
     if (frames == 0) {

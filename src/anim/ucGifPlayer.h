@@ -31,6 +31,8 @@ public:
     // Loading. True when frames were loaded; a failed load leaves the control empty.
     bool LoadAnimatedGIF_Array(const QByteArray &bytes);
     bool LoadAnimatedGIF_File(const QString &path);
+    // Why the last load of data gave no frames (too large, not a GIF); empty after a success.
+    const QString &LoadError() const { return m_LoadError; }
 
     // The current frame as a stand-alone picture, made by re-encoding it; null when empty.
     QImage AnimatedGIF() const;
@@ -127,6 +129,7 @@ private:
     void ReportChange(const char *name) { Q_EMIT PropertyChanged(QString::fromLatin1(name)); }
 
     QByteArray m_GifBytes;
+    QString m_LoadError;
     GifImage m_gif;
     GifBuildPlan m_plan;
     GifFrameStrip m_strip;

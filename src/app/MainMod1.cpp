@@ -1,6 +1,6 @@
 #include "app/MainMod1.h"
 
-#include "common/RunTimeError.h"
+#include "files/IniDocument.h"
 #include "files/REGbas1.h"
 
 #include <QCoreApplication>
@@ -93,15 +93,19 @@ bool Startup(const QString &documentsFolder, const std::function<void(const QStr
         report(QLatin1String(kSettingsFailureCaption), SettingsFailureText(SettingsFile));
         return false;
     }
-    try {
-        Sounds = SoundBas::LoadSounds(SettingsFile, &BuiltInSound);
-    } catch (const zrt::RunTimeError &e) {
-        // A named sound that can't be read: say so and go on with the program's own sounds.
+    // A settings file that can't be read (too large, a device, a pipe) is reported and left
+    // alone; the program starts with the defaults.
+    zrt::IniDocument settings;
+    const zrt::FileRead read = zrt::IniDocument::read(SettingsFile.toStdString(), settings);
+    if (!read.ok() && read.status != zrt::ReadStatus::Missing)
         report(QStringLiteral("Zorvane Reaction Times"),
-               QString::fromStdString(e.message()) + QStringLiteral("\nA sound file named in ") + SettingsFile +
-                   QStringLiteral(" can't be read; the program's own sounds are used instead."));
-        Sounds = SoundBas::LoadSounds(QString(), &BuiltInSound);
-    }
+               QStringLiteral("The settings file ") + SettingsFile + QStringLiteral(" can't be read: ") +
+                   QString::fromStdString(read.reason) +
+                   QStringLiteral(".\nThe program starts with its own settings and sounds and does not change "
+                                  "that file."));
+    Sounds = SoundBas::LoadSounds(SettingsFile, &BuiltInSound);
+    if (!Sounds.LoadProblems.isEmpty())
+        report(QStringLiteral("Zorvane Reaction Times"), Sounds.LoadProblems.join(QStringLiteral("\n\n")));
     return true;
 }
 

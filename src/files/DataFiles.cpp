@@ -8,12 +8,13 @@
 #include "controls/Check.h"
 #include "controls/DropPanel.h"
 #include "controls/RowList.h"
+#include "common/RunTimeError.h"
+#include "dialogs/MsgBoxes.h"
 #include "files/REGbas1.h"
 #include "files/RtdFile.h"
 #include "files/ShowFileDialog.h"
 
 #include <QCoreApplication>
-#include <QFile>
 
 namespace {
 
@@ -24,6 +25,42 @@ QString StartFolder(const char *key)
     const QString folder = QString::fromStdString(
         REGbas1::ReadIniString("Settings", key, "", 255, Utf8(MainMod1::SettingsFile)));
     return folder.isEmpty() ? MainMod1::ProgramFolder : folder;
+}
+
+QString Reason(const std::string &reason)
+{
+    return QString::fromStdString(reason);
+}
+
+// A file that could not be written: the balloon names it and says why.
+void ReportFileFailure(QWidget *owner, const QString &title, const QString &text)
+{
+    zrt::msg_Box(text, vbOKOnly | vbExclamation, title, owner);
+}
+
+void ReportSettingsFailure(QWidget *owner, const zrt::FileWrite &written)
+{
+    if (written.ok)
+        return;
+    ReportFileFailure(owner, QStringLiteral("Settings Not Saved"),
+                      QStringLiteral("The settings file ") + MainMod1::SettingsFile +
+                          QStringLiteral(" could not be updated (") + Reason(written.reason) +
+                          QStringLiteral(").\nIt is as it was; only the folder to start from next time is "
+                                         "not remembered."));
+}
+
+// The plain sentence under a run-time error that opening a data file ended in.
+QString OpenErrorSentence(const QString &path, int number)
+{
+    QString why;
+    if (number == zrt::ErrInvalidPropertyIndex)
+        why = QStringLiteral("It asks for a number of characters or attempts that the program does not offer.");
+    else if (number == zrt::ErrOverflow)
+        why = QStringLiteral("It gives more data items than the program can hold.");
+    else
+        why = QStringLiteral("A value in it can't be used.");
+    return QStringLiteral("The file ") + path + QStringLiteral(" was not opened. ") + why +
+           QStringLiteral(" The collected data are as they were.");
 }
 
 } // namespace
@@ -53,12 +90,21 @@ void MainFrm::Save_Data()
                                   vbYesNo | vbQuestion, QStringLiteral("File Exist"));
         if (answer != vbYes)
             return;
-        QFile::remove(path);
     }
-    zrt::WriteRtdFile(Utf8(path), doc);
+    // The old file stays until the new one is wholly on the disk and renamed over it.
+    const zrt::FileWrite written = zrt::WriteRtdFile(Utf8(path), doc);
     pump();
-    REGbas1::WriteIniString("Settings", "LastSavedFolder", REGbas1::GetFolderOfPath(Utf8(path)),
-                            Utf8(MainMod1::SettingsFile));
+    if (!written.ok) {
+        ReportFileFailure(this, QStringLiteral("File Not Saved"),
+                          QStringLiteral("The file ") + path + QStringLiteral(" could not be saved (") +
+                              Reason(written.reason) +
+                              QStringLiteral(").\nA file of that name is as it was before, and the collected "
+                                             "data are still here: save them somewhere else."));
+        return;
+    }
+    ReportSettingsFailure(this, REGbas1::WriteIniValue("Settings", "LastSavedFolder",
+                                                       REGbas1::GetFolderOfPath(Utf8(path)),
+                                                       Utf8(MainMod1::SettingsFile)));
     DataSaved = true;
 }
 
@@ -80,10 +126,27 @@ void MainFrm::Open_Data()
     pump();
     if (!REGbas1::FileExists(Utf8(path)))
         return;
-    // Everything is read and checked first: a bad value (run-time error 381 or an overflow)
-    // ends the open with the collected data as they were.
-    const zrt::RtdContent content =
-        zrt::ReadRtd(zrt::IniDocument::load(Utf8(path)), List1->ListCount(), List2->ListCount());
+    // Everything is read and checked first: a file that can't be read, or a bad value
+    // (run-time error 381 or an overflow), ends the open with the collected data as they were.
+    zrt::IniDocument doc;
+    const zrt::FileRead file = zrt::IniDocument::read(Utf8(path), doc);
+    if (!file.ok()) {
+        MsgBox(this,
+               QStringLiteral("The file ") + path + QStringLiteral(" can't be opened: ") + Reason(file.reason) +
+                   QStringLiteral(".\nThe collected data are as they were."),
+               vbExclamation, QStringLiteral("Open a file"));
+        return;
+    }
+    zrt::RtdContent content;
+    try {
+        content = zrt::ReadRtd(doc, List1->ListCount(), List2->ListCount());
+    } catch (const zrt::RunTimeError &error) {
+        MsgBox(this,
+               QString::fromStdString(error.message()) + QStringLiteral("\n\n") +
+                   OpenErrorSentence(path, error.number()),
+               vbCritical, windowTitle());
+        return;
+    }
 
     cl2->Clear();
     CL4->Clear();
@@ -99,8 +162,9 @@ void MainFrm::Open_Data()
         cl2->AddItem(QString::fromStdString(item));
     for (const std::string &item : content.lists.CL4)
         CL4->AddItem(QString::fromStdString(item));
-    REGbas1::WriteIniString("Settings", "LastOpenedFolder", REGbas1::GetFolderOfPath(Utf8(path)),
-                            Utf8(MainMod1::SettingsFile));
+    ReportSettingsFailure(this, REGbas1::WriteIniValue("Settings", "LastOpenedFolder",
+                                                       REGbas1::GetFolderOfPath(Utf8(path)),
+                                                       Utf8(MainMod1::SettingsFile)));
     DataSaved = true;
     Settings_Enabled(false);
     SetDataCount();

@@ -41,12 +41,21 @@ std::string ReadIniString(const std::string &section, const std::string &key, co
     return text.substr(0, static_cast<size_t>(size - 1));
 }
 
+zrt::FileWrite WriteIniValue(const std::string &section, const std::string &key, const std::string &value,
+                             const std::string &file)
+{
+    zrt::IniDocument doc;
+    const zrt::FileRead read = zrt::IniDocument::read(file, doc);
+    if (!read.ok() && read.status != zrt::ReadStatus::Missing)
+        return {false, read.reason};
+    doc.set(section, key, value);
+    return doc.save(file);
+}
+
 std::string WriteIniString(const std::string &section, const std::string &key, const std::string &value,
                            const std::string &file)
 {
-    auto doc = zrt::IniDocument::load(file);
-    doc.set(section, key, value);
-    return doc.save(file) ? "1" : "0";
+    return WriteIniValue(section, key, value, file) ? "1" : "0";
 }
 
 bool CreateEmptyFile(const std::string &path)

@@ -1,6 +1,8 @@
 #pragma once
 // The settings store's routines, over IniDocument. Paths are UTF-8.
 
+#include "files/FileAccess.h"
+
 #include <string>
 
 namespace REGbas1 {
@@ -22,6 +24,11 @@ std::string ReadIniString(const std::string &section, const std::string &key, co
 // Updates or adds the key; failures are swallowed. Returns "1" on success and "0" otherwise.
 std::string WriteIniString(const std::string &section, const std::string &key, const std::string &value,
                            const std::string &file);
+
+// The same, telling why it failed. A file that is there but can't be read (too large, not an
+// ordinary file) is left alone rather than replaced by one holding only this key.
+zrt::FileWrite WriteIniValue(const std::string &section, const std::string &key, const std::string &value,
+                             const std::string &file);
 
 // Creates the file empty (as "open for output, close" does). False when it can't be created.
 bool CreateEmptyFile(const std::string &path);

@@ -2,7 +2,6 @@
 
 #include "common/NumberText.h"
 #include "common/RunTimeError.h"
-#include "files/REGbas1.h"
 
 namespace zrt {
 namespace {
@@ -69,10 +68,8 @@ RtdContent ReadRtd(const IniDocument &doc, int vanesItems, int attemptsItems)
     return c;
 }
 
-bool WriteRtdFile(const std::string &path, const IniDocument &doc)
+FileWrite WriteRtdFile(const std::string &path, const IniDocument &doc)
 {
-    if (!REGbas1::CreateEmptyFile(path))
-        return false;
     return doc.save(path);
 }
 

@@ -38,7 +38,8 @@ struct RtdContent {
 // them is run-time error 381; a "DataItems" beyond 16 bits is an overflow (6).
 RtdContent ReadRtd(const IniDocument &doc, int vanesItems = 5, int attemptsItems = 7);
 
-// The file is created empty first so that no old key survives, then written.
-bool WriteRtdFile(const std::string &path, const IniDocument &doc);
+// The document is the whole file, so no old key survives; the file is replaced in one step,
+// and on failure the old one stays as it was.
+FileWrite WriteRtdFile(const std::string &path, const IniDocument &doc);
 
 } // namespace zrt

@@ -2,6 +2,8 @@
 
 #include "common/NumberText.h"
 #include "common/RunTimeError.h"
+#include "files/FileAccess.h"
+#include "files/IniDocument.h"
 #include "files/REGbas1.h"
 
 #include <QAudioDevice>
@@ -195,30 +197,51 @@ void SoundPlayer::silence()
     m_looping = false;
 }
 
-QByteArray LoadSoundFile(const QString &path)
+QByteArray LoadSoundFile(const QString &path, QString *why)
 {
-    QFile f(path);
-    if (!f.open(QIODevice::ReadOnly))
-        throw zrt::RunTimeError(75, "Path/File access error");
-    QByteArray bytes = f.readAll();
-    if (f.error() != QFileDevice::NoError)
-        throw zrt::RunTimeError(75, "Path/File access error");
-    return bytes;
+    const zrt::FileRead file = zrt::ReadWholeFile(path.toStdString(), kMaxSoundFileBytes);
+    std::string reason = file.reason;
+    if (file.ok()) {
+        const std::vector<std::uint8_t> bytes(file.bytes.begin(), file.bytes.end());
+        if (zrt::ParseWave(bytes))
+            return QByteArray(file.bytes.data(), static_cast<qsizetype>(file.bytes.size()));
+        reason = "it holds no wave sound the program can play";
+    }
+    if (why)
+        *why = QString::fromStdString(reason);
+    throw zrt::RunTimeError(75, "Path/File access error");
 }
 
 SoundBank LoadSounds(const QString &settingsFile, const std::function<QByteArray(int)> &builtIn)
 {
     SoundBank bank;
-    const std::string ini = settingsFile.toStdString();
+    // The settings are read once; one that can't be read leaves every default in place.
+    zrt::IniDocument settings;
+    if (!settingsFile.isEmpty())
+        zrt::IniDocument::read(settingsFile.toStdString(), settings);
+    auto setting = [&](const std::string &key, const std::string &fallback, size_t size) {
+        return settings.value("Settings", key).value_or(fallback).substr(0, size - 1);
+    };
     for (int i = 1; i <= 4; ++i) {
-        const std::string path = REGbas1::ReadIniString("Settings", "SOUND" + std::to_string(i), "", 255, ini);
-        if (REGbas1::FileExists(path))
-            bank.buffers[static_cast<size_t>(i - 1)] = LoadSoundFile(QString::fromStdString(path));
-        else
-            bank.buffers[static_cast<size_t>(i - 1)] = builtIn(i);
+        const std::string key = "SOUND" + std::to_string(i);
+        const std::string path = setting(key, "", 255);
+        QByteArray &buffer = bank.buffers[static_cast<size_t>(i - 1)];
+        if (!REGbas1::FileExists(path)) {
+            buffer = builtIn(i);
+            continue;
+        }
+        QString why;
+        try {
+            buffer = LoadSoundFile(QString::fromStdString(path), &why);
+        } catch (const zrt::RunTimeError &e) {
+            buffer = builtIn(i);
+            bank.LoadProblems << QString::fromStdString(e.message()) + QStringLiteral("\nThe sound file ") +
+                                     QString::fromStdString(path) + QStringLiteral(" named by ") +
+                                     QString::fromStdString(key) + QStringLiteral(" can't be used: ") + why +
+                                     QStringLiteral(". The program's own sound is played instead.");
+        }
     }
-    const std::string disable = REGbas1::ReadIniString("Settings", "DisableSound", "0", 50, ini);
-    bank.SoundDisabled = zrt::Val(disable) >= 1;
+    bank.SoundDisabled = zrt::Val(setting("DisableSound", "0", 50)) >= 1;
     return bank;
 }
 

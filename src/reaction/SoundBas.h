@@ -82,13 +82,21 @@ private:
 struct SoundBank {
     std::array<QByteArray, 4> buffers;
     bool SoundDisabled = false;
+    // One message for each named sound file that could not be used.
+    QStringList LoadProblems;
 };
 
-// Reads the whole file. A file that can't be read is the ordinary file error (run-time error 75).
-QByteArray LoadSoundFile(const QString &path);
+// The largest sound file read: a few seconds of wave data are far below it.
+inline constexpr qint64 kMaxSoundFileBytes = qint64(16) << 20;
+
+// Reads the whole file. A file that can't be read is the ordinary file error (run-time error
+// 75): so is a folder, a device or a pipe (refused without waiting on it), a file above
+// kMaxSoundFileBytes and one that holds no wave the player can use. why, when given, says which.
+QByteArray LoadSoundFile(const QString &path, QString *why = nullptr);
 
 // For i in 1..4: the wave file named by "SOUND<i>" of section "Settings" when it exists,
 // otherwise the built-in resource of that name; then "DisableSound" (1 or more sets it).
+// A named file that can't be used gives the built-in sound and a line in LoadProblems.
 // builtIn(i) gives the resource bytes.
 SoundBank LoadSounds(const QString &settingsFile, const std::function<QByteArray(int)> &builtIn);
 

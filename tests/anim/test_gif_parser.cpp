@@ -235,3 +235,61 @@ TEST(GifParser, SizeComesFromTheFramesNotTheLogicalScreen)
     EXPECT_EQ(gif.ActualWidth, 13);
     EXPECT_EQ(gif.ActualHeight, 20);
 }
+
+TEST(GifParser, ColourTablesHoldOnlyTheEntriesTheFileGives)
+{
+    GifImage gif;
+    const QByteArray bytes = GifBytes("GIF89a", false).Image(0, 0, 2, 2, 1).Image(0, 0, 2, 2, 8).Done();
+    ASSERT_EQ(Parse(bytes, gif), 2);
+    EXPECT_EQ(gif.GifPalettes[1].Entries(), 2);
+    EXPECT_EQ(gif.GifPalettes[2].Entries(), 256);
+    EXPECT_EQ(gif.GifPalettes[0].Entries(), 0) << "no global table";
+    // Read as full rows all the same.
+    EXPECT_EQ(gif.GifPalettes[1][1], 0x030405u);
+    EXPECT_EQ(gif.GifPalettes[1][2], 0u);
+    EXPECT_EQ(std::distance(gif.GifPalettes[1].begin(), gif.GifPalettes[1].end()), 256);
+    EXPECT_EQ(GifColourTable(gif.GifPalettes[1]).size(), 256);
+}
+
+TEST(GifParser, ManyTinyFramesAreAllKeptInFileOrder)
+{
+    GifBytes many;
+    for (int i = 0; i < 20000; ++i)
+        many.Image(i % 7, 0, 1, 1, 1);
+    GifImage gif;
+    ASSERT_EQ(Parse(many.Done(), gif), 20000);
+    EXPECT_EQ(gif.Blocks.size(), 20000u);
+    EXPECT_EQ(gif.GifPaletteCount, 20000);
+    EXPECT_EQ(gif.Frame(20000).Left, 19999 % 7);
+    EXPECT_EQ(gif.Block(20000).Start, gif.Block(19999).Start + gif.Block(19999).Size);
+    EXPECT_EQ(gif.ActualWidth, 7);
+}
+
+TEST(GifFrameStrip, AStripWithinTheMemoryBoundIsMadeAndOneBeyondItIsRefusedWithItsReason)
+{
+    // 259 frames of 480 x 270, all disposed to background: a strip of 33.6 million pixels.
+    GifBytes film("GIF89a", true, 480);
+    for (int i = 0; i < 259; ++i)
+        film.Control(2, 4).Image(0, 0, 480, 270);
+    GifImage gif;
+    const QByteArray bytes = film.Done();
+    ASSERT_EQ(Parse(bytes, gif), 259);
+    const GifBuildPlan plan = PlanGifBuild(gif);
+    GifFrameStrip strip;
+    ASSERT_TRUE(strip.Create(gif, plan)) << strip.RefusalReason().toStdString();
+    EXPECT_EQ(strip.Image().width(), 480 * 259);
+    EXPECT_TRUE(strip.RefusalReason().isEmpty());
+    EXPECT_TRUE(strip.RenderFrame(bytes, gif, 1));
+
+    // Frames as wide and high as a GIF allows, kept on a canvas: far beyond the bound.
+    GifBytes huge("GIF89a", true, 65535);
+    for (int i = 0; i < 3; ++i)
+        huge.Control(1, 4).Image(0, 0, 65535, 65535);
+    const QByteArray hugeBytes = huge.Done();
+    ASSERT_EQ(Parse(hugeBytes, gif), 3);
+    const GifBuildPlan hugePlan = PlanGifBuild(gif);
+    EXPECT_GT(GifFrameStrip::BytesNeeded(gif, hugePlan), GifFrameStrip::kMaxBytes);
+    EXPECT_FALSE(strip.Create(gif, hugePlan));
+    EXPECT_TRUE(strip.IsNull());
+    EXPECT_TRUE(strip.RefusalReason().contains("MB")) << strip.RefusalReason().toStdString();
+}

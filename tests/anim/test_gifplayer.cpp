@@ -5,8 +5,13 @@
 #include "anim/ucGifPlayer.h"
 
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
 #include <gtest/gtest.h>
+
+#if defined(__unix__)
+#include <sys/stat.h>
+#endif
 
 using namespace zrt;
 using namespace giftest;
@@ -158,6 +163,32 @@ TEST_F(GifPlayerTest, LoopsWrittenBeforeALoadAreLostAndAfterItHold)
     player->LoadAnimatedGIF_Array(QByteArray("not a gif"));
     EXPECT_EQ(player->LoopsRemaining(), -1);
     EXPECT_EQ(player->FrameCount(), 0);
+    EXPECT_FALSE(player->LoadError().isEmpty());
+}
+
+TEST_F(GifPlayerTest, APictureBeyondTheMemoryBoundIsRefusedAndSaysWhy)
+{
+    // Two frames of 65535 x 65535 pixels, each only a few bytes in the file.
+    QByteArray bytes("GIF89a\xFF\xFF\xFF\xFF\x80\0\0\0\0\0\xFF\xFF\xFF", 19);
+    for (int i = 0; i < 2; ++i)
+        bytes.append("\x21\xF9\x04\x04\x04\0\0\0,\0\0\0\0\xFF\xFF\xFF\xFF\0\x02\x02\x84\x51\0", 23);
+    bytes.append(';');
+    EXPECT_FALSE(player->LoadAnimatedGIF_Array(bytes));
+    EXPECT_EQ(player->FrameCount(), 0);
+    EXPECT_TRUE(player->LoadError().contains("MB")) << player->LoadError().toStdString();
+    ASSERT_TRUE(player->LoadAnimatedGIF_Array(SolidFrames(2, 8, 8)));
+    EXPECT_TRUE(player->LoadError().isEmpty());
+
+#if defined(__unix__)
+    // A pipe or a device given as the file is not opened at all.
+    QTemporaryDir dir;
+    const QString pipe = dir.filePath("pipe.gif");
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    for (const QString &path : {pipe, QStringLiteral("/dev/zero")}) {
+        EXPECT_FALSE(player->LoadAnimatedGIF_File(path));
+        EXPECT_EQ(player->LoadError(), "The file " + path + " can't be read as a picture.");
+    }
+#endif
 }
 
 TEST_F(GifPlayerTest, MinFrameDelayIsClampedAndWinsOverShorterDelays)

@@ -3,12 +3,27 @@
 
 #include "MainWindowFixture.h"
 
+#include "dialogs/msgFrm.h"
+#include "files/FileAccess.h"
+#include "files/IniDocument.h"
 #include "files/REGbas1.h"
 #include "files/ShowFileDialog.h"
 
 #include <QDir>
 #include <QFile>
+#include <QLabel>
 #include <QTemporaryDir>
+
+#include <atomic>
+#include <cerrno>
+#include <chrono>
+#include <thread>
+
+#if defined(__unix__)
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
 
 using namespace mainwindowtest;
 
@@ -26,9 +41,16 @@ protected:
             requests.push_back(request);
             return chosen;
         });
+        // The balloon messages: what they say, then OK.
+        zrt::msgFrm::setShownHook([this](zrt::msgFrm &box) {
+            balloons.push_back({box.lblmsg()->text(), box.LblTitle()->text(), 0});
+            box.done(1);
+        });
     }
     void TearDown() override
     {
+        zrt::SetWriteFault({});
+        zrt::msgFrm::setShownHook({});
         SetFileDialogHook({});
         MainWindowTest::TearDown();
     }
@@ -56,6 +78,7 @@ protected:
     QTemporaryDir folder;
     QString chosen;
     std::vector<FileDialogRequest> requests;
+    std::vector<Said> balloons;
 };
 
 } // namespace
@@ -156,10 +179,132 @@ TEST_F(DataFilesTest, ABadFileReportsItsErrorAndKeepsTheData)
     chosen = file.fileName();
     window->ClickToolbarButton("Open");
     ASSERT_FALSE(said.empty());
-    EXPECT_EQ(said.back().text, "Run-time error '381': Invalid property array index");
+    const QStringList lines = said.back().text.split('\n');
+    ASSERT_EQ(lines.size(), 3) << said.back().text.toStdString();
+    EXPECT_EQ(lines[0], "Run-time error '381': Invalid property array index");
+    EXPECT_EQ(lines[2], "The file " + file.fileName() +
+                            " was not opened. It asks for a number of characters or attempts that the program "
+                            "does not offer. The collected data are as they were.");
     EXPECT_EQ(Items(window->cl2), QStringList{"0.25"});
     EXPECT_EQ(Items(window->CL4), QStringList{"0.35"});
     EXPECT_EQ(window->ucGifPlayer1.size(), 3u);
+
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    file.write("[RTDINFO]\r\nDataItems=40000\r\n");
+    file.close();
+    window->ClickToolbarButton("Open");
+    EXPECT_TRUE(said.back().text.startsWith("Run-time error '6': Overflow\n\nThe file " + file.fileName() +
+                                            " was not opened. It gives more data items"))
+        << said.back().text.toStdString();
+    EXPECT_EQ(Items(window->cl2), QStringList{"0.25"});
+}
+
+TEST_F(DataFilesTest, AFileTooLargeOrNoOrdinaryFileIsNotOpenedAndSaysWhy)
+{
+    QFile big(folder.filePath("big.rtd"));
+    ASSERT_TRUE(big.open(QIODevice::WriteOnly));
+    big.write(QByteArray(int(zrt::IniDocument::kMaxFileBytes) + 1, '\n'));
+    big.close();
+    AddPairs({{"0.25", "0.35"}});
+    window->DataSaved = true;
+    chosen = big.fileName();
+    window->Open_Data();
+    ASSERT_FALSE(said.empty());
+    EXPECT_EQ(said.back().text, "The file " + chosen + " can't be opened: it is larger than 4 MB.\n"
+                                "The collected data are as they were.");
+    EXPECT_EQ(Items(window->cl2), QStringList{"0.25"});
+
+#if defined(__unix__)
+    // A pipe chosen in the dialog: refused at once. Should it block, a watchdog opens its
+    // other end after a few seconds so that the test ends, failing.
+    const QString pipe = folder.filePath("pipe.rtd");
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    chosen = pipe;
+    std::atomic<bool> done{false}, released{false};
+    std::thread watchdog([&] {
+        for (int i = 0; i < 500 && !done; ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        if (!done) {
+            released = true;
+            const int fd = ::open(QFile::encodeName(pipe).constData(), O_RDWR | O_NONBLOCK);
+            std::this_thread::sleep_for(std::chrono::milliseconds(200));
+            ::close(fd);
+        }
+    });
+    window->Open_Data();
+    done = true;
+    watchdog.join();
+    EXPECT_FALSE(released) << "opening a pipe blocked";
+    EXPECT_EQ(said.back().text, "The file " + pipe + " can't be opened: it is not an ordinary file.\n"
+                                "The collected data are as they were.");
+    EXPECT_EQ(Items(window->cl2), QStringList{"0.25"});
+#endif
+}
+
+TEST_F(DataFilesTest, ASaveThatFailsKeepsTheOldFileSaysWhyAndLeavesTheDataUnsaved)
+{
+    const QString path = folder.filePath("class.rtd");
+    QFile old(path);
+    ASSERT_TRUE(old.open(QIODevice::WriteOnly));
+    const QByteArray oldBytes =
+        "[RTDINFO]\r\nDataItems=1\r\nSample=0\r\n[DATA]\r\nData1=0.3\r\n" + QByteArray(11800, ';');
+    old.write(oldBytes);
+    old.close();
+    AddPairs({{"0.42113", "0.61207"}, {"0.38771", "0.55002"}});
+    chosen = path;
+    answer = vbYes;
+
+    const struct {
+        zrt::WriteStep step;
+        int error;
+    } faults[] = {{zrt::WriteStep::Create, EACCES}, {zrt::WriteStep::Write, ENOSPC}, {zrt::WriteStep::Rename, EXDEV}};
+    for (const auto &fault : faults) {
+        balloons.clear();
+        zrt::SetWriteFault([fault](zrt::WriteStep step) { return step == fault.step ? fault.error : 0; });
+        window->Save_Data();
+        ASSERT_EQ(balloons.size(), 1u);
+        EXPECT_EQ(balloons[0].caption, "File Not Saved");
+        EXPECT_EQ(balloons[0].text, "The file " + path + " could not be saved (" +
+                                        QString::fromStdString(std::generic_category().message(fault.error)) +
+                                        ").\nA file of that name is as it was before, and the collected data are "
+                                        "still here: save them somewhere else.");
+        EXPECT_EQ(Read(path), oldBytes);
+        EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name | QDir::IgnoreCase),
+                  (QStringList{"class.rtd", "Zorvanes.ini"}));
+        EXPECT_FALSE(window->DataSaved);
+        EXPECT_EQ(Setting("LastSavedFolder"), "") << "only a saved file's folder is remembered";
+    }
+    zrt::SetWriteFault({});
+
+    // The data are still unsaved, so opening asks first.
+    answer = vbNo;
+    window->Open_Data();
+    EXPECT_EQ(said.back().caption, "Open a file");
+
+    answer = vbYes;
+    window->Save_Data();
+    EXPECT_TRUE(Read(path).startsWith("[RTDINFO]\r\nVanes=3\r\nAttempts=4\r\nDataItems=2\r\n"));
+    EXPECT_TRUE(window->DataSaved);
+}
+
+TEST_F(DataFilesTest, ASettingsFileThatCannotBeUpdatedIsReportedButTheSaveStands)
+{
+    QFile settings(MainMod1::SettingsFile);
+    ASSERT_TRUE(settings.open(QIODevice::WriteOnly));
+    settings.write("[Settings]\r\n" + QByteArray(int(zrt::IniDocument::kMaxFileBytes), '\n'));
+    settings.close();
+    const qint64 size = QFileInfo(MainMod1::SettingsFile).size();
+    AddPairs({{"0.31", "0.41"}});
+    chosen = folder.filePath("run.rtd");
+    window->Save_Data();
+    EXPECT_TRUE(Read(chosen).contains("Data1=0.31,0.41"));
+    EXPECT_TRUE(window->DataSaved);
+    ASSERT_EQ(balloons.size(), 1u);
+    EXPECT_EQ(balloons[0].caption, "Settings Not Saved");
+    EXPECT_TRUE(balloons[0].text.startsWith("The settings file " + MainMod1::SettingsFile +
+                                            " could not be updated (it is larger than 4 MB)."))
+        << balloons[0].text.toStdString();
+    EXPECT_EQ(QFileInfo(MainMod1::SettingsFile).size(), size);
 }
 
 TEST_F(DataFilesTest, SaveThenOpenGivesTheSameSampleAndSettings)

@@ -6,6 +6,17 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <condition_variable>
+#include <cstdio>
+#include <cstdlib>
+#include <mutex>
+#include <thread>
+
+#if defined(__unix__)
+#include <sys/stat.h>
+#endif
+
 TEST(Startup, CreatesTheSettingsFileEmptyOnce)
 {
     QTemporaryDir dir;
@@ -70,4 +81,117 @@ TEST(Startup, AMissingDocumentsFolderIsMade)
     EXPECT_TRUE(QDir(folder).exists()) << "or the settings file could never be created";
     QDir(folder).removeRecursively();
     QStandardPaths::setTestModeEnabled(false);
+}
+
+namespace {
+
+// Runs the start-up with a watchdog: a start that blocks or takes all memory must fail the
+// test, not hang it. The watchdog ends the process after a generous while, naming the case.
+bool WatchedStartup(const QString &folder, const char *what, QStringList &reports)
+{
+    std::mutex m;
+    std::condition_variable cv;
+    bool done = false;
+    std::thread watchdog([&] {
+        std::unique_lock<std::mutex> lock(m);
+        if (!cv.wait_for(lock, std::chrono::seconds(30), [&] { return done; })) {
+            std::fprintf(stderr, "start-up did not return: %s\n", what);
+            std::_Exit(3);
+        }
+    });
+    const bool ready = MainMod1::Startup(folder, [&](const QString &caption, const QString &text) {
+        reports << caption + ": " + text;
+    });
+    {
+        std::lock_guard<std::mutex> lock(m);
+        done = true;
+    }
+    cv.notify_one();
+    watchdog.join();
+    return ready;
+}
+
+void WriteSettings(const QString &path, const QByteArray &bytes)
+{
+    QFile f(path);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    f.write(bytes);
+}
+
+} // namespace
+
+TEST(Startup, HostileSettingsFilesNeitherStopNorHoldTheStart)
+{
+    QTemporaryDir dir;
+    const QString ini = dir.filePath("Zorvanes.ini");
+    QStringList reports;
+
+    // Binary junk: no keys in it, nothing to say.
+    QByteArray junk(64 * 1024, '\0');
+    for (int i = 0; i < junk.size(); ++i)
+        junk[i] = char((i * 7919) ^ (i >> 3));
+    WriteSettings(ini, junk);
+    ASSERT_TRUE(WatchedStartup(dir.path(), "binary", reports));
+    EXPECT_TRUE(reports.isEmpty()) << reports.join('|').toStdString();
+    EXPECT_EQ(MainMod1::Sounds.buffers[0], MainMod1::BuiltInSound(1));
+
+    // 10 MB of blank lines: refused at once, reported, left as it is.
+    WriteSettings(ini, "[Settings]\r\nDisableSound=1\r\n" + QByteArray(10 << 20, '\n'));
+    ASSERT_TRUE(WatchedStartup(dir.path(), "10 MB", reports));
+    ASSERT_EQ(reports.size(), 1);
+    EXPECT_EQ(reports[0], "Zorvane Reaction Times: The settings file " + ini +
+                              " can't be read: it is larger than 4 MB.\nThe program starts with its own settings "
+                              "and sounds and does not change that file.");
+    EXPECT_FALSE(MainMod1::Sounds.SoundDisabled);
+    EXPECT_GT(QFileInfo(ini).size(), 10 << 20);
+
+    // UTF-16 with its mark is read.
+    reports.clear();
+    const QString text = QStringLiteral("[Settings]\r\nDisableSound=1\r\n");
+    QByteArray utf16("\xFF\xFE", 2);
+    utf16.append(reinterpret_cast<const char *>(text.utf16()), text.size() * 2);
+    WriteSettings(ini, utf16);
+    ASSERT_TRUE(WatchedStartup(dir.path(), "UTF-16", reports));
+    EXPECT_TRUE(reports.isEmpty());
+    EXPECT_TRUE(MainMod1::Sounds.SoundDisabled);
+
+#if defined(__unix__)
+    // A pipe in the settings file's place.
+    QFile::remove(ini);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(ini).constData(), 0600), 0);
+    ASSERT_TRUE(WatchedStartup(dir.path(), "pipe as settings", reports));
+    ASSERT_EQ(reports.size(), 1);
+    EXPECT_TRUE(reports[0].contains(ini + " can't be read: it is not an ordinary file.")) << reports[0].toStdString();
+    QFile::remove(ini);
+
+    // Sounds that are no sound files: a device, a pipe, an oversized file, a text.
+    reports.clear();
+    const QString pipe = dir.filePath("cue.wav");
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    const QString huge = dir.filePath("huge.wav");
+    {
+        QFile f(huge);
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        ASSERT_TRUE(f.resize(300LL << 20)); // sparse: no disk space taken
+    }
+    const QString note = dir.filePath("note.wav");
+    WriteSettings(note, "not a wave");
+    WriteSettings(ini, ("[Settings]\r\nSOUND1=/dev/zero\r\nSOUND2=" + pipe + "\r\nSOUND3=" + huge +
+                        "\r\nSOUND4=" + note + "\r\n")
+                           .toUtf8());
+    ASSERT_TRUE(WatchedStartup(dir.path(), "hostile sounds", reports));
+    ASSERT_EQ(reports.size(), 1);
+    const QStringList problems = reports[0].split(QStringLiteral("\n\n"));
+    ASSERT_EQ(problems.size(), 4) << reports[0].toStdString();
+    const char *why[4] = {"it is not an ordinary file", "it is not an ordinary file", "it is larger than 16 MB",
+                          "it holds no wave sound the program can play"};
+    const QString named[4] = {"/dev/zero", pipe, huge, note};
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_TRUE(problems[i].contains("Run-time error '75': Path/File access error\nThe sound file " + named[i] +
+                                         " named by SOUND" + QString::number(i + 1) + " can't be used: " + why[i] +
+                                         ". The program's own sound is played instead."))
+            << problems[i].toStdString();
+        EXPECT_EQ(MainMod1::Sounds.buffers[size_t(i)], MainMod1::BuiltInSound(i + 1)) << i;
+    }
+#endif
 }

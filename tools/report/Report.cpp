@@ -82,21 +82,6 @@ bool section(const char *title, std::ostream &out, std::ostream &err, Body body)
 
 const char *kUsage = "usage: zorvanes-report FILE.rtd [--precision 0|1|2] [--audio] [--sorted]\n";
 
-bool readWholeFile(const std::string &path, std::string &bytes)
-{
-    std::error_code ec;
-    const auto p = std::filesystem::u8path(path);
-    if (!std::filesystem::is_regular_file(p, ec))
-        return false;
-    std::ifstream in(p, std::ios::binary);
-    if (!in)
-        return false;
-    std::ostringstream buffer;
-    buffer << in.rdbuf();
-    bytes = buffer.str();
-    return !in.bad();
-}
-
 } // namespace
 
 bool WriteReport(const CollectedLists &lists, const ReportOptions &options, std::ostream &out, std::ostream &err)
@@ -137,14 +122,16 @@ int ReportMain(int argc, const char *const *argv, std::ostream &out, std::ostrea
         return 1;
     }
 
-    std::string bytes;
-    if (!readWholeFile(file, bytes)) {
-        err << "zorvanes-report: cannot read " << file << '\n';
+    // The program's own reader: ordinary files only, no larger than a data file can be.
+    IniDocument doc;
+    const FileRead read = IniDocument::read(file, doc);
+    if (!read.ok()) {
+        err << "zorvanes-report: cannot read " << file << ": " << read.reason << '\n';
         return 2;
     }
     RtdContent content;
     try {
-        content = ReadRtd(IniDocument::parse(bytes));
+        content = ReadRtd(doc);
     } catch (const RunTimeError &e) {
         err << "zorvanes-report: cannot open " << file << ": " << e.message() << '\n';
         return 2;
