@@ -2,6 +2,8 @@
 
 #include "GifParser.h"
 
+#include <QtEndian>
+
 #include <array>
 #include <memory>
 #include <cstring>
@@ -30,35 +32,16 @@ QByteArray GatherSubBlocks(const uchar *p, const uchar *end)
 class RowCursor {
 public:
     RowCursor(QImage &strip, int stripX, int width, int height, bool interlaced)
-        : m_bits(strip.bits() + stripX), m_stride(strip.bytesPerLine()), m_width(width),
-          m_height(height), m_interlaced(interlaced)
+        : m_bits(strip.bits() + stripX), m_stride(strip.bytesPerLine()), m_height(height),
+          m_interlaced(interlaced)
     {
-        m_row = Row(0);
+        (void)width;
     }
 
-    bool Done() const { return m_y >= m_height; }
-    int Room() const { return m_width - m_x; }
-    uchar *At() { return m_row + m_x; }
+    uchar *First() { return m_height > 0 ? Row(0) : nullptr; }
 
-    void Advance(int count)
-    {
-        m_x += count;
-        if (m_x >= m_width) {
-            m_x = 0;
-            NextRow();
-        }
-    }
-
-    void Put(uchar index)
-    {
-        m_row[m_x] = index;
-        Advance(1);
-    }
-
-private:
-    uchar *Row(int y) { return m_bits + qsizetype(y) * m_stride; }
-
-    void NextRow()
+    // The next row to fill, or null when the image is complete.
+    uchar *NextRow()
     {
         if (!m_interlaced) {
             ++m_y;
@@ -74,139 +57,154 @@ private:
             if (m_rowsDone >= m_height)
                 m_y = m_height;
         }
-        if (m_y < m_height)
-            m_row = Row(m_y);
-    }
-
-    uchar *m_bits;
-    qsizetype m_stride;
-    int m_width;
-    int m_height;
-    bool m_interlaced;
-    int m_x = 0;
-    int m_y = 0;
-    int m_pass = 0;
-    int m_rowsDone = 0;
-    uchar *m_row = nullptr;
-};
-
-class LzwDecoder {
-public:
-    LzwDecoder(int minCodeSize, const QByteArray &data)
-        : m_minCodeSize(minCodeSize), m_clear(1 << minCodeSize), m_data(data)
-    {
-        for (int i = 0; i < m_clear; ++i) {
-            m_prefix[i] = 0;
-            m_suffix[i] = static_cast<uchar>(i);
-            m_first[i] = static_cast<uchar>(i);
-            m_length[i] = 1;
-        }
-        Reset();
-    }
-
-    // Returns false on an impossible code.
-    bool Run(RowCursor &out)
-    {
-        const int end = m_clear + 1;
-        int previous = -1;
-        while (!out.Done()) {
-            const int code = NextCode();
-            if (code < 0 || code == end)
-                return true;
-            if (code == m_clear) {
-                Reset();
-                previous = -1;
-                continue;
-            }
-            if (previous < 0) {
-                if (code >= m_clear)
-                    return false;
-                out.Put(static_cast<uchar>(code));
-                previous = code;
-                continue;
-            }
-            if (code > m_next || (code == m_next && m_next >= kMaxCodes))
-                return false;
-            const uchar first = code < m_next ? m_first[code] : m_first[previous];
-            if (m_next < kMaxCodes)
-                AddCode(previous, first);
-            Emit(code, out);
-            previous = code;
-        }
-        return true;
+        return m_y < m_height ? Row(m_y) : nullptr;
     }
 
 private:
-    void Reset()
-    {
-        m_codeSize = m_minCodeSize + 1;
-        m_next = m_clear + 2;
+    uchar *Row(int y) { return m_bits + qsizetype(y) * m_stride; }
+
+    uchar *m_bits;
+    qsizetype m_stride;
+    int m_height;
+    bool m_interlaced;
+    int m_y = 0;
+    int m_pass = 0;
+    int m_rowsDone = 0;
+};
+
+// The code tables. The decoding loop keeps everything else (bit buffer, read position, code
+// size, the place in the row) in locals, so that the stores of pixels, which may alias any
+// memory, do not force it back to memory after every byte.
+struct LzwTables {
+    std::array<quint16, kMaxCodes> prefix;
+    std::array<uchar, kMaxCodes> suffix;
+    std::array<uchar, kMaxCodes> first;
+    std::array<quint16, kMaxCodes> length;
+    std::array<uchar, kMaxCodes + 1> stack;
+};
+
+// Returns false on an impossible code.
+bool RunLzw(int minCodeSize, const uchar *p, const uchar *end, LzwTables &t, RowCursor &cursor, int width)
+{
+    const int clear = 1 << minCodeSize;
+    const int endCode = clear + 1;
+    quint16 *const prefix = t.prefix.data();
+    uchar *const suffix = t.suffix.data();
+    uchar *const firstOf = t.first.data();
+    quint16 *const lengthOf = t.length.data();
+    for (int i = 0; i < clear; ++i) {
+        prefix[i] = 0;
+        suffix[i] = static_cast<uchar>(i);
+        firstOf[i] = static_cast<uchar>(i);
+        lengthOf[i] = 1;
     }
 
-    void AddCode(int previous, uchar first)
-    {
-        m_prefix[m_next] = static_cast<quint16>(previous);
-        m_suffix[m_next] = first;
-        m_first[m_next] = m_first[previous];
-        m_length[m_next] = static_cast<quint16>(m_length[previous] + 1);
-        ++m_next;
-        if (m_next == (1 << m_codeSize) && m_codeSize < 12)
-            ++m_codeSize;
-    }
+    int codeSize = minCodeSize + 1;
+    quint32 mask = (1u << codeSize) - 1;
+    int next = clear + 2;
+    quint64 buffer = 0;
+    int bits = 0;
+    int previous = -1;
 
-    // Writes the string of code; it usually fits in the current row and is written there
-    // back to front, otherwise it goes through a small stack.
-    void Emit(int code, RowCursor &out)
-    {
-        const int length = m_length[code];
-        if (length <= out.Room()) {
-            uchar *dst = out.At() + length;
-            for (int c = code; ; c = m_prefix[c]) {
-                *--dst = m_suffix[c];
-                if (c < m_clear)
-                    break;
+    uchar *row = cursor.First();
+    if (!row)
+        return true;
+    int x = 0;
+
+    for (;;) {
+        if (bits < codeSize) {
+            if (end - p >= 8) {
+                quint64 word;
+                std::memcpy(&word, p, 8);
+                buffer |= qFromLittleEndian(word) << bits;
+                p += (63 - bits) >> 3;
+                bits |= 56;
+            } else {
+                while (bits < codeSize) {
+                    if (p >= end)
+                        return true; // the data ended early
+                    buffer |= quint64(*p++) << bits;
+                    bits += 8;
+                }
             }
-            out.Advance(length);
-            return;
         }
+        const int code = static_cast<int>(buffer & mask);
+        buffer >>= codeSize;
+        bits -= codeSize;
+
+        if (code == endCode)
+            return true;
+        if (code == clear) {
+            codeSize = minCodeSize + 1;
+            mask = (1u << codeSize) - 1;
+            next = clear + 2;
+            previous = -1;
+            continue;
+        }
+        if (previous < 0) {
+            if (code >= clear)
+                return false;
+            row[x] = static_cast<uchar>(code);
+            previous = code;
+            if (++x == width) {
+                x = 0;
+                if (!(row = cursor.NextRow()))
+                    return true;
+            }
+            continue;
+        }
+        if (code > next || (code == next && next >= kMaxCodes))
+            return false;
+        if (next < kMaxCodes) {
+            const uchar first = code < next ? firstOf[code] : firstOf[previous];
+            prefix[next] = static_cast<quint16>(previous);
+            suffix[next] = first;
+            firstOf[next] = firstOf[previous];
+            lengthOf[next] = static_cast<quint16>(lengthOf[previous] + 1);
+            ++next;
+            if (next == (1 << codeSize) && codeSize < 12) {
+                ++codeSize;
+                mask = (1u << codeSize) - 1;
+            }
+        }
+        previous = code;
+
+        // The string of code, written back to front where it fits in the row, otherwise
+        // through the stack across rows.
+        const int length = lengthOf[code];
+        if (length <= width - x) {
+            uchar *dst = row + x + length;
+            int c = code;
+            while (c >= clear) {
+                *--dst = suffix[c];
+                c = prefix[c];
+            }
+            *--dst = suffix[c];
+            x += length;
+            if (x == width) {
+                x = 0;
+                if (!(row = cursor.NextRow()))
+                    return true;
+            }
+            continue;
+        }
+        uchar *const stack = t.stack.data();
         int depth = 0;
-        for (int c = code; ; c = m_prefix[c]) {
-            m_stack[depth++] = m_suffix[c];
-            if (c < m_clear)
+        for (int c = code;; c = prefix[c]) {
+            stack[depth++] = suffix[c];
+            if (c < clear)
                 break;
         }
-        while (depth > 0 && !out.Done())
-            out.Put(m_stack[--depth]);
-    }
-
-    int NextCode()
-    {
-        while (m_bitCount < m_codeSize) {
-            if (m_pos >= m_data.size())
-                return -1;
-            m_accumulator |= quint32(static_cast<uchar>(m_data[m_pos++])) << m_bitCount;
-            m_bitCount += 8;
+        while (depth > 0) {
+            row[x] = stack[--depth];
+            if (++x == width) {
+                x = 0;
+                if (!(row = cursor.NextRow()))
+                    return true;
+            }
         }
-        const int code = static_cast<int>(m_accumulator & ((1u << m_codeSize) - 1));
-        m_accumulator >>= m_codeSize;
-        m_bitCount -= m_codeSize;
-        return code;
     }
-
-    int m_minCodeSize;
-    int m_clear;
-    int m_codeSize = 0;
-    int m_next = 0;
-    const QByteArray &m_data;
-    qsizetype m_pos = 0;
-    quint32 m_accumulator = 0;
-    int m_bitCount = 0;
-    std::array<quint16, kMaxCodes> m_prefix{};
-    std::array<uchar, kMaxCodes> m_suffix{};
-    std::array<uchar, kMaxCodes> m_first{};
-    std::array<quint16, kMaxCodes> m_length{};
-    std::array<uchar, kMaxCodes + 1> m_stack{};
-};
+}
 
 void BlankColumns(QImage &strip, int stripX, int width, int height)
 {
@@ -247,8 +245,9 @@ bool DecodeGifImage(const QByteArray &bytes, const GifImageBlock &block, QImage 
     }
     const QByteArray data = GatherSubBlocks(base + pos, base + end);
     RowCursor out(strip, stripX, width, height, (packed & 0x40) != 0);
-    auto decoder = std::make_unique<LzwDecoder>(minCodeSize, data);
-    if (!decoder->Run(out)) {
+    auto tables = std::make_unique<LzwTables>();
+    const auto *first = reinterpret_cast<const uchar *>(data.constData());
+    if (!RunLzw(minCodeSize, first, first + data.size(), *tables, out, width)) {
         BlankColumns(strip, stripX, width, height);
         return false;
     }
