@@ -31,11 +31,10 @@ QByteArray GatherSubBlocks(const uchar *p, const uchar *end)
 // Hands out the strip's rows in the order the image stores them.
 class RowCursor {
 public:
-    RowCursor(QImage &strip, int stripX, int width, int height, bool interlaced)
+    RowCursor(QImage &strip, int stripX, int height, bool interlaced)
         : m_bits(strip.bits() + stripX), m_stride(strip.bytesPerLine()), m_height(height),
           m_interlaced(interlaced)
     {
-        (void)width;
     }
 
     uchar *First() { return m_height > 0 ? Row(0) : nullptr; }
@@ -72,32 +71,29 @@ private:
     int m_rowsDone = 0;
 };
 
-// The code tables. The decoding loop keeps everything else (bit buffer, read position, code
-// size, the place in the row) in locals, so that the stores of pixels, which may alias any
-// memory, do not force it back to memory after every byte.
+// Room after the end of the decoded run, so that strings can be copied eight bytes at a time.
+constexpr qsizetype kSlack = 16;
+
+// Every string of the code table lies in the output already: a new entry is the string of the
+// previous code, written just before, followed by the first byte of the current one, written
+// right after it. So a code is decoded by copying from where its string first appeared, and the
+// table holds only that place and the length. Everything else (bit buffer, read position, code
+// size) stays in locals, in registers.
 struct LzwTables {
-    std::array<quint16, kMaxCodes> prefix;
-    std::array<uchar, kMaxCodes> suffix;
-    std::array<uchar, kMaxCodes> first;
+    std::array<quint32, kMaxCodes> place;
     std::array<quint16, kMaxCodes> length;
-    std::array<uchar, kMaxCodes + 1> stack;
 };
 
-// Returns false on an impossible code.
-bool RunLzw(int minCodeSize, const uchar *p, const uchar *end, LzwTables &t, RowCursor &cursor, int width)
+// Decodes into out (count pixels, in the order the image stores them) and returns how many
+// were written, or -1 for an impossible code.
+qsizetype RunLzw(int minCodeSize, const uchar *p, const uchar *end, LzwTables &t, uchar *out, qsizetype count)
 {
     const int clear = 1 << minCodeSize;
     const int endCode = clear + 1;
-    quint16 *const prefix = t.prefix.data();
-    uchar *const suffix = t.suffix.data();
-    uchar *const firstOf = t.first.data();
+    quint32 *const place = t.place.data();
     quint16 *const lengthOf = t.length.data();
-    for (int i = 0; i < clear; ++i) {
-        prefix[i] = 0;
-        suffix[i] = static_cast<uchar>(i);
-        firstOf[i] = static_cast<uchar>(i);
+    for (int i = 0; i < clear; ++i)
         lengthOf[i] = 1;
-    }
 
     int codeSize = minCodeSize + 1;
     quint32 mask = (1u << codeSize) - 1;
@@ -105,13 +101,10 @@ bool RunLzw(int minCodeSize, const uchar *p, const uchar *end, LzwTables &t, Row
     quint64 buffer = 0;
     int bits = 0;
     int previous = -1;
+    qsizetype previousAt = 0; // where the previous code's string begins in out
+    qsizetype at = 0;
 
-    uchar *row = cursor.First();
-    if (!row)
-        return true;
-    int x = 0;
-
-    for (;;) {
+    while (at < count) {
         if (bits < codeSize) {
             if (end - p >= 8) {
                 quint64 word;
@@ -122,7 +115,7 @@ bool RunLzw(int minCodeSize, const uchar *p, const uchar *end, LzwTables &t, Row
             } else {
                 while (bits < codeSize) {
                     if (p >= end)
-                        return true; // the data ended early
+                        return at; // the data ended early
                     buffer |= quint64(*p++) << bits;
                     bits += 8;
                 }
@@ -133,7 +126,7 @@ bool RunLzw(int minCodeSize, const uchar *p, const uchar *end, LzwTables &t, Row
         bits -= codeSize;
 
         if (code == endCode)
-            return true;
+            return at;
         if (code == clear) {
             codeSize = minCodeSize + 1;
             mask = (1u << codeSize) - 1;
@@ -143,23 +136,16 @@ bool RunLzw(int minCodeSize, const uchar *p, const uchar *end, LzwTables &t, Row
         }
         if (previous < 0) {
             if (code >= clear)
-                return false;
-            row[x] = static_cast<uchar>(code);
+                return -1;
             previous = code;
-            if (++x == width) {
-                x = 0;
-                if (!(row = cursor.NextRow()))
-                    return true;
-            }
+            previousAt = at;
+            out[at++] = static_cast<uchar>(code);
             continue;
         }
         if (code > next || (code == next && next >= kMaxCodes))
-            return false;
+            return -1;
         if (next < kMaxCodes) {
-            const uchar first = code < next ? firstOf[code] : firstOf[previous];
-            prefix[next] = static_cast<quint16>(previous);
-            suffix[next] = first;
-            firstOf[next] = firstOf[previous];
+            place[next] = static_cast<quint32>(previousAt);
             lengthOf[next] = static_cast<quint16>(lengthOf[previous] + 1);
             ++next;
             if (next == (1 << codeSize) && codeSize < 12) {
@@ -168,42 +154,27 @@ bool RunLzw(int minCodeSize, const uchar *p, const uchar *end, LzwTables &t, Row
             }
         }
         previous = code;
-
-        // The string of code, written back to front where it fits in the row, otherwise
-        // through the stack across rows.
-        const int length = lengthOf[code];
-        if (length <= width - x) {
-            uchar *dst = row + x + length;
-            int c = code;
-            while (c >= clear) {
-                *--dst = suffix[c];
-                c = prefix[c];
-            }
-            *--dst = suffix[c];
-            x += length;
-            if (x == width) {
-                x = 0;
-                if (!(row = cursor.NextRow()))
-                    return true;
-            }
+        previousAt = at;
+        if (code < clear) {
+            out[at++] = static_cast<uchar>(code);
             continue;
         }
-        uchar *const stack = t.stack.data();
-        int depth = 0;
-        for (int c = code;; c = prefix[c]) {
-            stack[depth++] = suffix[c];
-            if (c < clear)
-                break;
+        const qsizetype length = std::min<qsizetype>(lengthOf[code], count - at);
+        const uchar *from = out + place[code];
+        uchar *to = out + at;
+        if (to - from >= 8) {
+            // Eight bytes at a time may run past the string (into the slack), never past
+            // what is being copied from.
+            for (qsizetype k = 0; k < length; k += 8)
+                std::memcpy(to + k, from + k, 8);
+        } else {
+            // The string overlaps itself (a code defined by its own use): byte by byte.
+            for (qsizetype k = 0; k < length; ++k)
+                to[k] = from[k];
         }
-        while (depth > 0) {
-            row[x] = stack[--depth];
-            if (++x == width) {
-                x = 0;
-                if (!(row = cursor.NextRow()))
-                    return true;
-            }
-        }
+        at += length;
     }
+    return at;
 }
 
 void BlankColumns(QImage &strip, int stripX, int width, int height)
@@ -244,13 +215,20 @@ bool DecodeGifImage(const QByteArray &bytes, const GifImageBlock &block, QImage 
         return false;
     }
     const QByteArray data = GatherSubBlocks(base + pos, base + end);
-    RowCursor out(strip, stripX, width, height, (packed & 0x40) != 0);
+    const qsizetype count = qsizetype(width) * height;
+    std::unique_ptr<uchar[]> run(new uchar[static_cast<size_t>(count + kSlack)]());
     auto tables = std::make_unique<LzwTables>();
     const auto *first = reinterpret_cast<const uchar *>(data.constData());
-    if (!RunLzw(minCodeSize, first, first + data.size(), *tables, out, width)) {
+    const qsizetype written = RunLzw(minCodeSize, first, first + data.size(), *tables, run.get(), count);
+    if (written < 0) {
         BlankColumns(strip, stripX, width, height);
         return false;
     }
+    // Into the strip in the order the rows are stored; a short run leaves the rest as it was.
+    RowCursor rows(strip, stripX, height, (packed & 0x40) != 0);
+    uchar *row = rows.First();
+    for (qsizetype done = 0; row && done < written; done += width, row = rows.NextRow())
+        std::memcpy(row, run.get() + done, static_cast<size_t>(std::min<qsizetype>(width, written - done)));
     return true;
 }
 
