@@ -133,7 +133,26 @@ void DrawGradient(QPainter &target, const QRect &rect, const QColor &from, const
 {
     if (rect.width() <= 0 || rect.height() <= 0)
         return;
-    // Built in memory and put down in one step, so the target never shows a half-drawn ground.
+    // On a painter that only moves what it draws, each row (or column) is one solid fill of the
+    // colour the picture would have there: the same pixels without building the picture. The
+    // target is a widget's back buffer or an image, so it never shows a half-drawn ground.
+    const QTransform::TransformationType kind = target.transform().type();
+    if (kind <= QTransform::TxTranslate && target.opacity() == 1.0
+        && target.compositionMode() == QPainter::CompositionMode_SourceOver) {
+        const bool rows = direction == GradientDirection::TopToBottom;
+        const int count = rows ? rect.height() : rect.width();
+        const int steps = count - 1;
+        const int r0 = from.red(), g0 = from.green(), b0 = from.blue();
+        const int r1 = to.red(), g1 = to.green(), b1 = to.blue();
+        for (int i = 0; i < count; ++i) {
+            const QColor colour(Mix(r0, r1, i, steps), Mix(g0, g1, i, steps), Mix(b0, b1, i, steps));
+            if (rows)
+                target.fillRect(QRect(rect.left(), rect.top() + i, rect.width(), 1), colour);
+            else
+                target.fillRect(QRect(rect.left() + i, rect.top(), 1, rect.height()), colour);
+        }
+        return;
+    }
     target.drawImage(rect.topLeft(), KeptGradientImage(rect.size(), from, to, direction));
 }
 

@@ -239,6 +239,28 @@ TEST(GraphicsBas1, GradientsArePixelForPixelAsBuiltBefore)
             DrawGradient(p, QRect(QPoint(3, 2), size), from, to, direction);
         }
         ASSERT_EQ(surface, want) << round;
+        // A painter that scales takes the kept picture; one with antialiasing on still fills
+        // whole pixels.
+        QImage scaled(surface.size() * 2, QImage::Format_RGB32), wantScaled = scaled;
+        scaled.fill(Qt::magenta);
+        wantScaled.fill(Qt::magenta);
+        for (auto [image, reference] : {std::pair{&scaled, false}, std::pair{&wantScaled, true}}) {
+            QPainter p(image);
+            p.scale(2, 2);
+            if (reference)
+                p.drawImage(QPoint(3, 2), expected);
+            else
+                DrawGradient(p, QRect(QPoint(3, 2), size), from, to, direction);
+        }
+        ASSERT_EQ(scaled, wantScaled) << round;
+        QImage smooth = want.copy();
+        smooth.fill(Qt::magenta);
+        {
+            QPainter p(&smooth);
+            p.setRenderHint(QPainter::Antialiasing);
+            DrawGradient(p, QRect(QPoint(3, 2), size), from, to, direction);
+        }
+        ASSERT_EQ(smooth, want) << round;
     }
 }
 
