@@ -305,7 +305,7 @@ void MainFrm::buildAudioStage()
     P5 = new PagePanel(m_client);
     P5->setGeometry(P3->geometry());
     P5->setBackColor(QColor(236, 240, 226));
-    P5->setPicture(ResourceImage(QStringLiteral("audio_stage.png")));
+    P5->setPictureFile(QStringLiteral(":/images/audio_stage.png")); // read when the stage first shows
     P5->hide();
 
     ucgif = new ucGifPlayer(P5);
@@ -321,7 +321,7 @@ void MainFrm::buildAudioStage()
     ucGifPlayer2->setAction(0);
 
     IMmsg1 = new QLabel(P5);
-    IMmsg1->setPixmap(QPixmap::fromImage(ResourceImage(QStringLiteral("audio_invitation.png"))));
+    SetPixmapWhenShown(IMmsg1, QStringLiteral(":/images/audio_invitation.png"));
     IMmsg1->resize(218, 183);
 
     cmdStartAudio = new GlossButton(P5);
