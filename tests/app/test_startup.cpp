@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QTest>
 #include <gtest/gtest.h>
 
 TEST(Startup, CreatesTheSettingsFileEmptyOnce)
@@ -107,4 +108,18 @@ TEST(Startup, PicturesOfHiddenPagesAreReadWhenTheyFirstShow)
     label->hide();
     EXPECT_EQ(lazy->grab().toImage().convertToFormat(QImage::Format_RGB32),
               eager->grab().toImage().convertToFormat(QImage::Format_RGB32));
+}
+
+TEST(Startup, TheFourSoundsAreConvertedSoonAfterStartUp)
+{
+    QTemporaryDir dir;
+    ASSERT_TRUE(MainMod1::Startup(dir.path(), [](const QString &, const QString &) {}));
+    auto &player = SoundBas::SoundPlayer::instance();
+    QTest::qWait(600);
+    // Each buffer is kept converted now: preparing one again adds nothing.
+    const int kept = player.preparedCount();
+    EXPECT_GE(kept, 4);
+    for (const QByteArray &sound : MainMod1::Sounds.buffers)
+        EXPECT_TRUE(player.Prepare(sound));
+    EXPECT_EQ(player.preparedCount(), kept);
 }
