@@ -22,6 +22,18 @@ void BM_SteadyClockNow(benchmark::State &state)
 }
 BENCHMARK(BM_SteadyClockNow);
 
+// The bare read with the conversion every reading must make: the exact difference in counts,
+// divided in double precision and rounded once to a 32-bit float.
+void BM_SteadyClockSeconds(benchmark::State &state)
+{
+    const auto start = std::chrono::steady_clock::now();
+    for (auto _ : state) {
+        const auto span = (std::chrono::steady_clock::now() - start).count();
+        benchmark::DoNotOptimize(static_cast<float>(static_cast<double>(span) / 1e9));
+    }
+}
+BENCHMARK(BM_SteadyClockSeconds);
+
 void BM_SwElapsed(benchmark::State &state)
 {
     std::int32_t slot = mStopWatch::SwNew();
