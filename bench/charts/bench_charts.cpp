@@ -10,10 +10,13 @@
 #include "charts/ScatterGraph.h"
 #include "charts/StemAndLeaf.h"
 #include "charts/TallyChart.h"
+#include "common/RunTimeError.h"
 #include "stats/Averages.h"
 #include "stats/GroupedData.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFile>
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
@@ -108,6 +111,32 @@ void BM_EveryChart(benchmark::State &state)
             Charts()[i].second(*pages[i]);
 }
 
+// Writes every chart at 30, 1,000 and 10,000 results as PNG files into folder, so that two
+// builds can be compared pixel for pixel.
+int DumpImages(const QString &folder)
+{
+    QDir().mkpath(folder);
+    for (int n : {30, 1000, 10000})
+        for (const auto &[name, chart] : Charts()) {
+            Page page(n);
+            QString failure;
+            try {
+                chart(page);
+            } catch (const zrt::RunTimeError &error) {
+                failure = QString::fromStdString(error.message()); // the picture as the failure left it
+            }
+            const QString file = QStringLiteral("%1/%2_%3").arg(folder, QString::fromLatin1(name)).arg(n);
+            if (!page.surface.Image().save(file + QStringLiteral(".png")))
+                return 1;
+            if (!failure.isEmpty()) {
+                QFile text(file + QStringLiteral(".error"));
+                if (!text.open(QIODevice::WriteOnly) || text.write(failure.toUtf8()) < 0)
+                    return 1;
+            }
+        }
+    return 0;
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -115,6 +144,10 @@ int main(int argc, char **argv)
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
+    // --dump-images=FOLDER: the charts' pictures instead of timings.
+    for (int i = 1; i < argc; ++i)
+        if (QString::fromLocal8Bit(argv[i]).startsWith(QLatin1String("--dump-images=")))
+            return DumpImages(QString::fromLocal8Bit(argv[i]).section(QLatin1Char('='), 1));
     for (const auto &[name, chart] : Charts())
         benchmark::RegisterBenchmark((std::string("BM_") + name).c_str(), BM_Chart, chart)
             ->Arg(30)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);

@@ -2,6 +2,8 @@
 
 #include "GifParser.h"
 
+#include <QtEndian>
+
 #include <array>
 #include <memory>
 #include <cstring>
@@ -29,36 +31,16 @@ QByteArray GatherSubBlocks(const uchar *p, const uchar *end)
 // Hands out the strip's rows in the order the image stores them.
 class RowCursor {
 public:
-    RowCursor(QImage &strip, int stripX, int width, int height, bool interlaced)
-        : m_bits(strip.bits() + stripX), m_stride(strip.bytesPerLine()), m_width(width),
-          m_height(height), m_interlaced(interlaced)
+    RowCursor(QImage &strip, int stripX, int height, bool interlaced)
+        : m_bits(strip.bits() + stripX), m_stride(strip.bytesPerLine()), m_height(height),
+          m_interlaced(interlaced)
     {
-        m_row = Row(0);
     }
 
-    bool Done() const { return m_y >= m_height; }
-    int Room() const { return m_width - m_x; }
-    uchar *At() { return m_row + m_x; }
+    uchar *First() { return m_height > 0 ? Row(0) : nullptr; }
 
-    void Advance(int count)
-    {
-        m_x += count;
-        if (m_x >= m_width) {
-            m_x = 0;
-            NextRow();
-        }
-    }
-
-    void Put(uchar index)
-    {
-        m_row[m_x] = index;
-        Advance(1);
-    }
-
-private:
-    uchar *Row(int y) { return m_bits + qsizetype(y) * m_stride; }
-
-    void NextRow()
+    // The next row to fill, or null when the image is complete.
+    uchar *NextRow()
     {
         if (!m_interlaced) {
             ++m_y;
@@ -74,139 +56,126 @@ private:
             if (m_rowsDone >= m_height)
                 m_y = m_height;
         }
-        if (m_y < m_height)
-            m_row = Row(m_y);
-    }
-
-    uchar *m_bits;
-    qsizetype m_stride;
-    int m_width;
-    int m_height;
-    bool m_interlaced;
-    int m_x = 0;
-    int m_y = 0;
-    int m_pass = 0;
-    int m_rowsDone = 0;
-    uchar *m_row = nullptr;
-};
-
-class LzwDecoder {
-public:
-    LzwDecoder(int minCodeSize, const QByteArray &data)
-        : m_minCodeSize(minCodeSize), m_clear(1 << minCodeSize), m_data(data)
-    {
-        for (int i = 0; i < m_clear; ++i) {
-            m_prefix[i] = 0;
-            m_suffix[i] = static_cast<uchar>(i);
-            m_first[i] = static_cast<uchar>(i);
-            m_length[i] = 1;
-        }
-        Reset();
-    }
-
-    // Returns false on an impossible code.
-    bool Run(RowCursor &out)
-    {
-        const int end = m_clear + 1;
-        int previous = -1;
-        while (!out.Done()) {
-            const int code = NextCode();
-            if (code < 0 || code == end)
-                return true;
-            if (code == m_clear) {
-                Reset();
-                previous = -1;
-                continue;
-            }
-            if (previous < 0) {
-                if (code >= m_clear)
-                    return false;
-                out.Put(static_cast<uchar>(code));
-                previous = code;
-                continue;
-            }
-            if (code > m_next || (code == m_next && m_next >= kMaxCodes))
-                return false;
-            const uchar first = code < m_next ? m_first[code] : m_first[previous];
-            if (m_next < kMaxCodes)
-                AddCode(previous, first);
-            Emit(code, out);
-            previous = code;
-        }
-        return true;
+        return m_y < m_height ? Row(m_y) : nullptr;
     }
 
 private:
-    void Reset()
-    {
-        m_codeSize = m_minCodeSize + 1;
-        m_next = m_clear + 2;
-    }
+    uchar *Row(int y) { return m_bits + qsizetype(y) * m_stride; }
 
-    void AddCode(int previous, uchar first)
-    {
-        m_prefix[m_next] = static_cast<quint16>(previous);
-        m_suffix[m_next] = first;
-        m_first[m_next] = m_first[previous];
-        m_length[m_next] = static_cast<quint16>(m_length[previous] + 1);
-        ++m_next;
-        if (m_next == (1 << m_codeSize) && m_codeSize < 12)
-            ++m_codeSize;
-    }
-
-    // Writes the string of code; it usually fits in the current row and is written there
-    // back to front, otherwise it goes through a small stack.
-    void Emit(int code, RowCursor &out)
-    {
-        const int length = m_length[code];
-        if (length <= out.Room()) {
-            uchar *dst = out.At() + length;
-            for (int c = code; ; c = m_prefix[c]) {
-                *--dst = m_suffix[c];
-                if (c < m_clear)
-                    break;
-            }
-            out.Advance(length);
-            return;
-        }
-        int depth = 0;
-        for (int c = code; ; c = m_prefix[c]) {
-            m_stack[depth++] = m_suffix[c];
-            if (c < m_clear)
-                break;
-        }
-        while (depth > 0 && !out.Done())
-            out.Put(m_stack[--depth]);
-    }
-
-    int NextCode()
-    {
-        while (m_bitCount < m_codeSize) {
-            if (m_pos >= m_data.size())
-                return -1;
-            m_accumulator |= quint32(static_cast<uchar>(m_data[m_pos++])) << m_bitCount;
-            m_bitCount += 8;
-        }
-        const int code = static_cast<int>(m_accumulator & ((1u << m_codeSize) - 1));
-        m_accumulator >>= m_codeSize;
-        m_bitCount -= m_codeSize;
-        return code;
-    }
-
-    int m_minCodeSize;
-    int m_clear;
-    int m_codeSize = 0;
-    int m_next = 0;
-    const QByteArray &m_data;
-    qsizetype m_pos = 0;
-    quint32 m_accumulator = 0;
-    int m_bitCount = 0;
-    std::array<quint16, kMaxCodes> m_prefix{};
-    std::array<uchar, kMaxCodes> m_suffix{};
-    std::array<uchar, kMaxCodes> m_first{};
-    std::array<quint16, kMaxCodes> m_length{};
-    std::array<uchar, kMaxCodes + 1> m_stack{};
+    uchar *m_bits;
+    qsizetype m_stride;
+    int m_height;
+    bool m_interlaced;
+    int m_y = 0;
+    int m_pass = 0;
+    int m_rowsDone = 0;
 };
+
+// Room after the end of the decoded run, so that strings can be copied eight bytes at a time.
+constexpr qsizetype kSlack = 16;
+
+// Every string of the code table lies in the output already: a new entry is the string of the
+// previous code, written just before, followed by the first byte of the current one, written
+// right after it. So a code is decoded by copying from where its string first appeared, and the
+// table holds only that place and the length. Everything else (bit buffer, read position, code
+// size) stays in locals, in registers.
+struct LzwTables {
+    std::array<quint32, kMaxCodes> place;
+    std::array<quint16, kMaxCodes> length;
+};
+
+// Decodes into out (count pixels, in the order the image stores them) and returns how many
+// were written, or -1 for an impossible code.
+qsizetype RunLzw(int minCodeSize, const uchar *p, const uchar *end, LzwTables &t, uchar *out, qsizetype count)
+{
+    const int clear = 1 << minCodeSize;
+    const int endCode = clear + 1;
+    quint32 *const place = t.place.data();
+    quint16 *const lengthOf = t.length.data();
+    for (int i = 0; i < clear; ++i)
+        lengthOf[i] = 1;
+
+    int codeSize = minCodeSize + 1;
+    quint32 mask = (1u << codeSize) - 1;
+    int next = clear + 2;
+    quint64 buffer = 0;
+    int bits = 0;
+    int previous = -1;
+    qsizetype previousAt = 0; // where the previous code's string begins in out
+    qsizetype at = 0;
+
+    while (at < count) {
+        if (bits < codeSize) {
+            if (end - p >= 8) {
+                quint64 word;
+                std::memcpy(&word, p, 8);
+                buffer |= qFromLittleEndian(word) << bits;
+                p += (63 - bits) >> 3;
+                bits |= 56;
+            } else {
+                while (bits < codeSize) {
+                    if (p >= end)
+                        return at; // the data ended early
+                    buffer |= quint64(*p++) << bits;
+                    bits += 8;
+                }
+            }
+        }
+        const int code = static_cast<int>(buffer & mask);
+        buffer >>= codeSize;
+        bits -= codeSize;
+
+        if (code == endCode)
+            return at;
+        if (code == clear) {
+            codeSize = minCodeSize + 1;
+            mask = (1u << codeSize) - 1;
+            next = clear + 2;
+            previous = -1;
+            continue;
+        }
+        if (previous < 0) {
+            if (code >= clear)
+                return -1;
+            previous = code;
+            previousAt = at;
+            out[at++] = static_cast<uchar>(code);
+            continue;
+        }
+        if (code > next || (code == next && next >= kMaxCodes))
+            return -1;
+        if (next < kMaxCodes) {
+            place[next] = static_cast<quint32>(previousAt);
+            lengthOf[next] = static_cast<quint16>(lengthOf[previous] + 1);
+            ++next;
+            if (next == (1 << codeSize) && codeSize < 12) {
+                ++codeSize;
+                mask = (1u << codeSize) - 1;
+            }
+        }
+        previous = code;
+        previousAt = at;
+        if (code < clear) {
+            out[at++] = static_cast<uchar>(code);
+            continue;
+        }
+        const qsizetype length = std::min<qsizetype>(lengthOf[code], count - at);
+        const uchar *from = out + place[code];
+        uchar *to = out + at;
+        if (to - from >= 8) {
+            // Eight bytes at a time may run past the string (into the slack), never past
+            // what is being copied from.
+            for (qsizetype k = 0; k < length; k += 8)
+                std::memcpy(to + k, from + k, 8);
+        } else {
+            // The string overlaps itself (a code defined by its own use): byte by byte.
+            for (qsizetype k = 0; k < length; ++k)
+                to[k] = from[k];
+        }
+        at += length;
+    }
+    return at;
+}
 
 void BlankColumns(QImage &strip, int stripX, int width, int height)
 {
@@ -246,12 +215,20 @@ bool DecodeGifImage(const QByteArray &bytes, const GifImageBlock &block, QImage 
         return false;
     }
     const QByteArray data = GatherSubBlocks(base + pos, base + end);
-    RowCursor out(strip, stripX, width, height, (packed & 0x40) != 0);
-    auto decoder = std::make_unique<LzwDecoder>(minCodeSize, data);
-    if (!decoder->Run(out)) {
+    const qsizetype count = qsizetype(width) * height;
+    std::unique_ptr<uchar[]> run(new uchar[static_cast<size_t>(count + kSlack)]());
+    auto tables = std::make_unique<LzwTables>();
+    const auto *first = reinterpret_cast<const uchar *>(data.constData());
+    const qsizetype written = RunLzw(minCodeSize, first, first + data.size(), *tables, run.get(), count);
+    if (written < 0) {
         BlankColumns(strip, stripX, width, height);
         return false;
     }
+    // Into the strip in the order the rows are stored; a short run leaves the rest as it was.
+    RowCursor rows(strip, stripX, height, (packed & 0x40) != 0);
+    uchar *row = rows.First();
+    for (qsizetype done = 0; row && done < written; done += width, row = rows.NextRow())
+        std::memcpy(row, run.get() + done, static_cast<size_t>(std::min<qsizetype>(width, written - done)));
     return true;
 }
 

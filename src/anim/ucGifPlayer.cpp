@@ -9,6 +9,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace zrt {
 
 namespace {
@@ -126,7 +128,16 @@ void ucGifPlayer::ResetGif()
     m_ActionState = 0;
     m_CurrentFrame = 0;
     m_loadedRow = -1;
+    m_loadedBlack = -1;
     m_Mirrored &= 3;
+    ForgetKeptPictures();
+    m_composedFrame = 0;
+}
+
+void ucGifPlayer::ForgetKeptPictures()
+{
+    m_keptFrames.clear();
+    m_keptCanvas = QImage();
 }
 
 bool ucGifPlayer::BuildFrames(bool &firstPass)
@@ -163,6 +174,7 @@ void ucGifPlayer::RunSecondPass()
     for (int n = 2; n <= m_gif.FrameCount(); ++n)
         m_strip.RenderFrame(m_GifBytes, m_gif, n);
     m_loadedRow = -1;
+    ForgetKeptPictures();
     m_gif.Blocks.clear();
     MirrorFrames(0, false, false);
     m_GifBytes.clear();
@@ -454,9 +466,13 @@ void ucGifPlayer::MirrorFrames(int newValue, bool firstFrameOnly, bool includeCa
     if (difference == 0)
         return;
     const int last = firstFrameOnly ? 1 : m_gif.FrameCount();
+    // A pending disposal is done on the canvas as it stands, before it turns.
+    if (includeCanvas)
+        ComposeUpTo(0);
     m_strip.MirrorFrames(m_gif, difference, first, last);
     if (includeCanvas)
         m_composer.Mirror(difference & 1, difference & 2);
+    ForgetKeptPictures();
 }
 
 void ucGifPlayer::ComputeScale(int mode, int &width, int &height)
@@ -581,54 +597,123 @@ QRect ucGifPlayer::Scaled(int left, int top, int width, int height) const
 void ucGifPlayer::DrawFrame(QPainter &painter, int frameNo)
 {
     const bool stretched = m_ScaleRatioX != 1.0f || m_ScaleRatioY != 1.0f;
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, stretched);
     if (!m_composer.IsNull()) {
         DrawComposedFrame(painter, frameNo, stretched);
         return;
     }
     const GifFrame &f = m_gif.Frame(frameNo);
-    BlitFrame(painter, frameNo, Scaled(f.Left, f.Top, f.Width, f.Height));
+    BlitFrame(painter, frameNo, Scaled(f.Left, f.Top, f.Width, f.Height), stretched);
 }
 
-void ucGifPlayer::DrawComposedFrame(QPainter &painter, int frameNo, bool)
+namespace {
+
+// The picture as a painter with the same hint would draw it at target, on a see-through
+// ground at target's size; drawn at target's corner it gives the same pixels.
+QImage ScaledPicture(const QImage &picture, const QSize &size, bool smooth)
 {
-    m_composer.ComposeBefore(m_gif, frameNo);
-    m_composer.DrawFrame(m_gif, m_strip, frameNo);
+    if (size == picture.size())
+        return picture.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    QImage kept(size, QImage::Format_ARGB32_Premultiplied);
+    kept.fill(Qt::transparent);
+    QPainter painter(&kept);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, smooth);
+    painter.drawImage(QRect(QPoint(0, 0), size), picture);
+    return kept;
+}
+
+} // namespace
+
+// Brings the canvas to frame frameNo: each frame after the one composed last is laid over the
+// canvas in turn, after the disposal of the frame before it; going back starts again from frame
+// 1 on a blank canvas. 0 only does the pending disposal. A frame already composed stays as it is,
+// so a repaint shows the same picture, and a frame that was stepped over unpainted still leaves
+// what the file says it leaves.
+void ucGifPlayer::ComposeUpTo(int frameNo)
+{
+    if (m_composer.IsNull() || frameNo == m_composedFrame)
+        return;
+    auto disposePending = [this] {
+        if (m_composedFrame >= 1 && m_composedFrame <= m_gif.FrameCount()) {
+            const int disposal = m_gif.Frame(m_composedFrame).Disposal;
+            if (disposal == 2 || disposal == 3)
+                m_composer.ComposeAfter(m_gif, m_composedFrame);
+        }
+    };
+    m_keptCanvas = QImage();
+    if (frameNo < 1) {
+        disposePending();
+        m_composedFrame = 0;
+        return;
+    }
+    int next = m_composedFrame + 1;
+    if (m_composedFrame < 1 || frameNo < m_composedFrame)
+        next = 1; // frame 1 starts from a blank canvas
+    for (int n = next; n <= frameNo; ++n) {
+        if (n > 1)
+            disposePending();
+        m_composer.ComposeBefore(m_gif, n);
+        m_composer.DrawFrame(m_gif, m_strip, n);
+        m_composedFrame = n;
+    }
+}
+
+void ucGifPlayer::DrawComposedFrame(QPainter &painter, int frameNo, bool stretched)
+{
+    ComposeUpTo(frameNo);
     const QRect target = Scaled(0, 0, ActualWidth(), ActualHeight());
     if (target.width() >= 1 && target.height() >= 1) {
         // Without disposals to the background there is no mask: the canvas shows opaque.
         if (!m_plan.NeedMask)
             painter.fillRect(target, Qt::black);
-        painter.drawImage(target, m_composer.Canvas());
+        if (m_keptCanvas.size() != target.size() || m_keptCanvasSmooth != stretched) {
+            m_keptCanvas = ScaledPicture(m_composer.Canvas(), target.size(), stretched);
+            m_keptCanvasSmooth = stretched;
+        }
+        painter.drawImage(target.topLeft(), m_keptCanvas);
     }
     m_loadedRow = -1;
-    const int disposal = m_gif.Frame(frameNo).Disposal;
-    if (disposal == 2 || disposal == 3)
-        m_composer.ComposeAfter(m_gif, frameNo);
 }
 
 // An opaque frame that shares its colour row with the frame drawn before keeps the table the
-// strip already holds, including the black left at a transparent frame's index.
-void ucGifPlayer::BlitFrame(QPainter &painter, int frameNo, const QRect &target)
+// strip already holds, including the black left at a transparent frame's index. Each frame is
+// converted and scaled once for each such table and kept.
+void ucGifPlayer::BlitFrame(QPainter &painter, int frameNo, const QRect &target, bool stretched)
 {
     if (target.width() < 1 || target.height() < 1)
         return;
     const GifFrame &f = m_gif.Frame(frameNo);
-    const GifPaletteRow &row = m_gif.GifPalettes.at(f.PaletteIndex);
-    QImage picture = m_strip.Image().copy(f.StripOffset, 0, f.Width, f.Height);
+    int variant;
     if (f.TransparentFlag == 1) {
-        m_loadedTable = GifColourTable(row);
-        m_loadedTable[f.TransparentIndex] = 0xFF000000u;
         m_loadedRow = f.PaletteIndex;
-        picture.setColorTable(GifColourTable(row, f.TransparentIndex));
+        m_loadedBlack = f.TransparentIndex;
+        variant = -2;
     } else {
         if (m_loadedRow != f.PaletteIndex) {
-            m_loadedTable = GifColourTable(row);
             m_loadedRow = f.PaletteIndex;
+            m_loadedBlack = -1;
         }
-        picture.setColorTable(m_loadedTable);
+        variant = m_loadedBlack;
     }
-    painter.drawImage(target, picture);
+    if (m_keptFrames.size() < size_t(m_gif.FrameCount()) + 1)
+        m_keptFrames.resize(size_t(m_gif.FrameCount()) + 1);
+    std::vector<KeptPicture> &kept = m_keptFrames[size_t(frameNo)];
+    auto it = std::find_if(kept.begin(), kept.end(), [&](const KeptPicture &k) { return k.variant == variant; });
+    if (it == kept.end()) {
+        kept.push_back(KeptPicture{variant, {}, false, {}});
+        it = kept.end() - 1;
+    }
+    if (it->image.isNull() || it->size != target.size() || it->smooth != stretched) {
+        const GifPaletteRow &row = m_gif.GifPalettes.at(f.PaletteIndex);
+        QImage picture = m_strip.Image().copy(f.StripOffset, 0, f.Width, f.Height);
+        QList<QRgb> table = GifColourTable(row, variant == -2 ? f.TransparentIndex : -1);
+        if (variant >= 0)
+            table[variant] = 0xFF000000u;
+        picture.setColorTable(table);
+        it->image = ScaledPicture(picture, target.size(), stretched);
+        it->size = target.size();
+        it->smooth = stretched;
+    }
+    painter.drawImage(target.topLeft(), it->image);
 }
 
 } // namespace zrt

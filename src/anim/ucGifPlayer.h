@@ -16,6 +16,8 @@
 #include <QVariantMap>
 #include <QWidget>
 
+#include <vector>
+
 namespace zrt {
 
 class ucGifPlayer : public QWidget {
@@ -120,7 +122,9 @@ private:
 
     void DrawFrame(QPainter &painter, int frameNo);
     void DrawComposedFrame(QPainter &painter, int frameNo, bool stretched);
-    void BlitFrame(QPainter &painter, int frameNo, const QRect &target);
+    void BlitFrame(QPainter &painter, int frameNo, const QRect &target, bool stretched);
+    void ComposeUpTo(int frameNo);
+    void ForgetKeptPictures();
     QRect Scaled(int left, int top, int width, int height) const;
 
     void EmitMouse(QMouseEvent *event, void (ucGifPlayer::*signal)(short, short, float, float),
@@ -150,9 +154,24 @@ private:
     QPixmap m_MouseIcon;
     QString m_Tag;
 
-    // The colour row the strip holds for frames drawn without a canvas, as it was left.
+    // The colour row the strip holds for frames drawn without a canvas, as it was left: a
+    // see-through frame leaves black at its see-through index (m_loadedBlack, -1 for none).
     int m_loadedRow = -1;
-    QList<QRgb> m_loadedTable;
+    int m_loadedBlack = -1;
+
+    // Pictures kept ready to paint, converted to 32 bits and scaled to where they are drawn:
+    // frames drawn without a canvas, one per frame and colour row state; and the canvas as
+    // composed for m_composedFrame (0: none composed yet, or its disposal already done).
+    struct KeptPicture {
+        int variant = 0; // -2 for a see-through frame, else the black index of the row (-1: none)
+        QSize size;
+        bool smooth = false;
+        QImage image;
+    };
+    std::vector<std::vector<KeptPicture>> m_keptFrames;
+    int m_composedFrame = 0;
+    QImage m_keptCanvas;
+    bool m_keptCanvasSmooth = false;
 };
 
 } // namespace zrt

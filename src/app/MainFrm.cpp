@@ -361,7 +361,7 @@ void MainFrm::buildAudioStage()
     P5 = new PagePanel(P3);
     P5->setGeometry(P3->rect());
     P5->setBackColor(QColor(236, 240, 226));
-    P5->setPicture(ResourceImage(QStringLiteral("audio_stage.png")));
+    P5->setPictureFile(QStringLiteral(":/images/audio_stage.png")); // read when the stage first shows
     P5->hide();
 
     // The players take the values the window stores for them: the target as the characters; the
@@ -379,7 +379,7 @@ void MainFrm::buildAudioStage()
     ucGifPlayer2->setGeometry(P5->width(), 220, 179, 174);
 
     IMmsg1 = new QLabel(P5);
-    IMmsg1->setPixmap(QPixmap::fromImage(ResourceImage(QStringLiteral("audio_invitation.png"))));
+    SetPixmapWhenShown(IMmsg1, QStringLiteral(":/images/audio_invitation.png"));
     IMmsg1->resize(218, 183);
 
     cmdStartAudio = new GlossButton(P5);

@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFile>
 #include <QStandardPaths>
+#include <QTimer>
 
 // The program's pictures and sounds live in a static library; naming them here keeps the
 // linker from dropping them.
@@ -20,6 +21,10 @@ void InitResources()
 }
 
 namespace MainMod1 {
+
+namespace {
+constexpr int kPrepareSoundsAfterMs = 300;
+} // namespace
 
 QString ProgramFolder;
 QString DocumentsFolder;
@@ -106,6 +111,13 @@ bool Startup(const QString &documentsFolder, const std::function<void(const QStr
     Sounds = SoundBas::LoadSounds(SettingsFile, &BuiltInSound);
     if (!Sounds.LoadProblems.isEmpty())
         report(QStringLiteral("Zorvane Reaction Times"), Sounds.LoadProblems.join(QStringLiteral("\n\n")));
+    // The sounds are converted for the output once, soon after the window is up (looking the
+    // output up can take a while, and the first paint should not wait for it), so that a press
+    // later only hands kept samples to the sink.
+    QTimer::singleShot(kPrepareSoundsAfterMs, QCoreApplication::instance(), [] {
+        for (const QByteArray &sound : Sounds.buffers)
+            SoundBas::SoundPlayer::instance().Prepare(sound);
+    });
     return true;
 }
 

@@ -1,6 +1,41 @@
 #include "app/PagePanel.h"
 
+#include <QEvent>
+#include <QLabel>
 #include <QPainter>
+#include <QPixmap>
+
+namespace {
+
+class PixmapOnShow : public QObject {
+public:
+    PixmapOnShow(QLabel *label, const QString &path) : QObject(label), m_path(path) {}
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Show) {
+            static_cast<QLabel *>(watched)->setPixmap(QPixmap(m_path));
+            watched->removeEventFilter(this);
+            deleteLater();
+        }
+        return false;
+    }
+
+private:
+    QString m_path;
+};
+
+} // namespace
+
+void SetPixmapWhenShown(QLabel *label, const QString &path)
+{
+    if (label->isVisible()) {
+        label->setPixmap(QPixmap(path));
+        return;
+    }
+    label->installEventFilter(new PixmapOnShow(label, path));
+}
 
 PagePanel::PagePanel(QWidget *parent) : QWidget(parent)
 {
@@ -18,6 +53,14 @@ void PagePanel::setBackColor(const QColor &color)
 void PagePanel::setPicture(const QImage &picture)
 {
     m_picture = picture;
+    m_pictureFile.clear();
+    update();
+}
+
+void PagePanel::setPictureFile(const QString &path)
+{
+    m_picture = QImage();
+    m_pictureFile = path;
     update();
 }
 
@@ -38,6 +81,10 @@ void PagePanel::paintEvent(QPaintEvent *)
         return;
     }
     painter.fillRect(rect(), m_backColor);
+    if (!m_pictureFile.isEmpty()) {
+        m_picture = QImage(m_pictureFile);
+        m_pictureFile.clear();
+    }
     if (!m_picture.isNull())
         painter.drawImage(QPoint(0, 0), m_picture);
 }

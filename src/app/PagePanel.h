@@ -7,6 +7,11 @@
 #include <QImage>
 #include <QWidget>
 
+class QLabel;
+
+// Gives the label the picture in the file when it is first shown, not before.
+void SetPixmapWhenShown(QLabel *label, const QString &path);
+
 class PagePanel : public QWidget {
     Q_OBJECT
 public:
@@ -15,6 +20,8 @@ public:
     void setBackColor(const QColor &color);
     QColor backColor() const { return m_backColor; }
     void setPicture(const QImage &picture);
+    // The picture in a file, read at the panel's first paint: a page never shown never reads it.
+    void setPictureFile(const QString &path);
     void setGradient(const QColor &from, const QColor &to, zrt::GradientDirection direction);
 
 Q_SIGNALS:
@@ -27,6 +34,7 @@ protected:
 private:
     QColor m_backColor{Qt::white};
     QImage m_picture;
+    QString m_pictureFile;
     bool m_gradient = false;
     QColor m_from, m_to;
     zrt::GradientDirection m_direction = zrt::GradientDirection::TopToBottom;

@@ -49,13 +49,14 @@ void MainFrm::Get_Compare_Data()
     compare.lbSR->setText(QString::fromStdString(answer.table.lbSR));
     ucTableView *table = compare.ucTableView1;
     table->Clear();
-    int row = 0;
+    QList<QStringList> rows;
     for (const auto &texts : answer.table.rowTexts()) {
-        table->ItemAdd(row, QString::fromStdString(texts[0]));
-        for (int column = 1; column < 6; ++column)
-            table->SubItemSet(row, column, QString::fromStdString(texts[static_cast<size_t>(column)]));
-        ++row;
+        QStringList row;
+        for (const auto &text : texts)
+            row << QString::fromStdString(text);
+        rows << row;
     }
+    table->RowsAdd(rows);
     DrawScatterGraph();
     DrawCompareBoxPlots();
     analysis.CompareReady = true;

@@ -6,6 +6,27 @@
 #include <QIcon>
 #include <QMessageBox>
 
+namespace {
+
+// For the start-up benchmark only: ZRT_EXIT_AFTER_FIRST_PAINT ends the program once its window
+// has painted for the first time.
+class FirstPaintQuits : public QObject {
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint && !m_done) {
+            m_done = true;
+            QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+        }
+        return false;
+    }
+
+private:
+    bool m_done = false;
+};
+
+} // namespace
+
 int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
@@ -26,6 +47,9 @@ int main(int argc, char *argv[])
     MainFrm window(nullptr, probe && qEnvironmentVariable("ZRT_MANUAL_TIMERS") == QLatin1String("1"));
     if (probe)
         new TestProbe(&window);
+    FirstPaintQuits quitter;
+    if (qEnvironmentVariableIsSet("ZRT_EXIT_AFTER_FIRST_PAINT"))
+        window.centralWidget()->installEventFilter(&quitter);
     window.show();
     return app.exec();
 }

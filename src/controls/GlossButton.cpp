@@ -683,6 +683,10 @@ void GlossButton::PaintButton(ButtonState state)
         state = StateChecked;
     if (!Ready)
         return;
+    // A hidden button is drawn when it shows (showEvent): the properties a window sets while it
+    // builds itself then cost one drawing instead of one each.
+    if (!isVisible())
+        return;
     MakeButtonRegion();
     ClearSurface();
     m_PaintedState = state;

@@ -115,7 +115,23 @@ int ShapedTabs::TabWidth(int index) const
 void ShapedTabs::Refresh()
 {
     ComputeMetrics();
+    // A hidden strip is drawn when it shows: a window setting its colours one by one while it
+    // builds itself would otherwise draw it once for each.
+    if (!isVisible()) {
+        m_DrawWhenShown = true;
+        return;
+    }
+    m_DrawWhenShown = false;
     DrawTabs(false);
+}
+
+void ShapedTabs::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    if (m_DrawWhenShown) {
+        m_DrawWhenShown = false;
+        DrawTabs(false);
+    }
 }
 
 void ShapedTabs::ComputeMetrics()

@@ -84,6 +84,7 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
     bool TabCountValid() const { return m_NumberOfTabs >= 1 && m_NumberOfTabs <= MaxTabs; }
@@ -118,6 +119,7 @@ private:
 
     QRegion m_Silhouette;
     QImage m_TabStrip;
+    bool m_DrawWhenShown = false; // a Refresh came while hidden
 };
 
 } // namespace zrt

@@ -410,6 +410,48 @@ bool ucTableView::ItemAdd(int index, const QString &text, int indent, int icon)
     return true;
 }
 
+bool ucTableView::RowsAdd(const QList<QStringList> &rows)
+{
+    if (!m_hList)
+        return false;
+    if (rows.isEmpty())
+        return true;
+    const bool wasEmpty = m_hList->topLevelItemCount() == 0;
+    const int columns = std::max(1, m_hList->columnCount());
+    const Qt::ItemFlags flags =
+        Qt::ItemIsSelectable | Qt::ItemIsEnabled | (LabelEdit() ? Qt::ItemIsEditable : Qt::NoItemFlags);
+    // Filled before they join the tree, so that no cell reports a change of its own.
+    QList<QTreeWidgetItem *> items;
+    items.reserve(rows.size());
+    for (const QStringList &texts : rows) {
+        auto *item = new QTreeWidgetItem;
+        item->setText(0, texts.value(0));
+        item->setData(0, IndentRole, 0);
+        item->setData(0, CheckedRole, false);
+        for (int c = 0; c < columns; ++c)
+            item->setData(c, IconRole, -1);
+        ApplyItemIcon(item, 0);
+        item->setFlags(flags);
+        for (int c = 1; c < texts.size(); ++c) {
+            if (!ColumnValid(c))
+                continue;
+            item->setText(c, texts[c]);
+            ApplyItemIcon(item, c);
+        }
+        items.append(item);
+    }
+    m_updatingChecks = true;
+    m_hList->addTopLevelItems(items);
+    if (CheckBoxes())
+        for (QTreeWidgetItem *item : items)
+            item->setCheckState(0, Qt::Unchecked);
+    m_updatingChecks = false;
+    if (wasEmpty)
+        setItemFocused(0, true);
+    SuppressItemClick = wasEmpty && rows.size() == 1;
+    return true;
+}
+
 bool ucTableView::ItemRemove(int index)
 {
     QTreeWidgetItem *item = Item(index);

@@ -74,6 +74,9 @@ public:
     // X and Y in ScaleMode units, relative to the control.
     int ItemHitTest(double x, double y) const;
     bool SubItemSet(int index, int subItem, const QString &text, int icon = -1);
+    // Rows added at the end, each its item's text and then its sub-items' texts, without icons:
+    // the table ItemAdd and SubItemSet would make row by row, put in with one insertion.
+    bool RowsAdd(const QList<QStringList> &rows);
 
     QString ColumnText(int column) const;
     void setColumnText(int column, const QString &text);

@@ -18,34 +18,43 @@
 
 namespace SoundBas {
 
-// Hands the sink the converted samples, from the start again when looping.
+// Hands the sink the converted samples, from the start again when looping. The samples are the
+// player's kept ones, shared, so that a new sound is handed over without a copy.
 class LoopingSource : public QIODevice {
 public:
-    LoopingSource(std::vector<std::uint8_t> pcm, bool loop, int frameBytes)
-        : m_pcm(std::move(pcm)), m_loop(loop), m_frameBytes(std::max(1, frameBytes))
+    using Samples = std::shared_ptr<const std::vector<std::uint8_t>>;
+
+    LoopingSource(Samples pcm, bool loop, int frameBytes) { Replace(std::move(pcm), loop, frameBytes); }
+    void Replace(Samples pcm, bool loop, int frameBytes)
     {
+        m_pcm = pcm ? std::move(pcm) : std::make_shared<const std::vector<std::uint8_t>>();
+        m_at = 0;
+        m_loop = loop;
+        m_frameBytes = std::max(1, frameBytes);
     }
     bool isSequential() const override { return true; }
     qint64 bytesAvailable() const override
     {
-        return (m_loop ? static_cast<qint64>(m_pcm.size()) : remaining()) + QIODevice::bytesAvailable();
+        return (m_loop ? static_cast<qint64>(m_pcm->size()) : remaining()) + QIODevice::bytesAvailable();
     }
-    qint64 remaining() const { return static_cast<qint64>(m_pcm.size() - m_at); }
+    qint64 remaining() const { return static_cast<qint64>(m_pcm->size() - m_at); }
     qint64 handedOut() const { return m_handed; }
+    bool looping() const { return m_loop; }
 
 protected:
     qint64 readData(char *data, qint64 maxSize) override
     {
         maxSize -= maxSize % m_frameBytes;
         qint64 written = 0;
-        while (written < maxSize && !m_pcm.empty()) {
-            if (m_at == m_pcm.size()) {
+        const std::vector<std::uint8_t> &pcm = *m_pcm;
+        while (written < maxSize && !pcm.empty()) {
+            if (m_at == pcm.size()) {
                 if (!m_loop)
                     break;
                 m_at = 0;
             }
-            const size_t n = std::min(static_cast<size_t>(maxSize - written), m_pcm.size() - m_at);
-            std::memcpy(data + written, m_pcm.data() + m_at, n);
+            const size_t n = std::min(static_cast<size_t>(maxSize - written), pcm.size() - m_at);
+            std::memcpy(data + written, pcm.data() + m_at, n);
             m_at += n;
             written += static_cast<qint64>(n);
         }
@@ -55,10 +64,10 @@ protected:
     qint64 writeData(const char *, qint64) override { return -1; }
 
 private:
-    std::vector<std::uint8_t> m_pcm;
+    Samples m_pcm;
     size_t m_at = 0;
-    bool m_loop;
-    int m_frameBytes;
+    bool m_loop = false;
+    int m_frameBytes = 1;
     qint64 m_handed = 0;
 };
 
@@ -73,6 +82,8 @@ zrt::SampleKind kindOf(QAudioFormat::SampleFormat f)
     default: return zrt::SampleKind::Int16;
     }
 }
+
+constexpr size_t kMostPrepared = 8;
 
 } // namespace
 
@@ -96,6 +107,56 @@ SoundPlayer &SoundPlayer::instance()
 
 bool SoundPlayer::hasOutput() const { return !QMediaDevices::defaultAudioOutput().isNull(); }
 
+// The output is looked up once and again only when the system's outputs change.
+const QAudioDevice &SoundPlayer::device()
+{
+    if (!m_deviceKnown) {
+        if (!m_devices) {
+            m_devices = std::make_unique<QMediaDevices>();
+            connect(m_devices.get(), &QMediaDevices::audioOutputsChanged, this, &SoundPlayer::forgetDevice);
+        }
+        m_device = QMediaDevices::defaultAudioOutput();
+        m_deviceKnown = true;
+    }
+    return m_device;
+}
+
+void SoundPlayer::forgetDevice()
+{
+    m_deviceKnown = false;
+    m_prepared.clear(); // converted for the old output's format
+}
+
+const SoundPlayer::PreparedSound &SoundPlayer::prepared(const QByteArray &wave)
+{
+    for (const auto &p : m_prepared)
+        if (p.wave.constData() == wave.constData() && p.wave.size() == wave.size())
+            return p;
+    PreparedSound p;
+    p.wave = wave;
+    std::vector<std::uint8_t> bytes(wave.begin(), wave.end());
+    const auto parsed = zrt::ParseWave(bytes);
+    if (parsed) {
+        p.valid = true;
+        const QAudioDevice &output = device();
+        QAudioFormat format;
+        format.setSampleRate(parsed->format.sampleRate);
+        format.setChannelCount(parsed->format.channels);
+        format.setSampleFormat(QAudioFormat::Int16);
+        if (!output.isNull() && !output.isFormatSupported(format))
+            format = output.preferredFormat();
+        p.format = format;
+        const zrt::PcmFormat to{format.sampleRate(), format.channelCount(), kindOf(format.sampleFormat())};
+        p.pcm = std::make_shared<const std::vector<std::uint8_t>>(zrt::ConvertWave(*parsed, to));
+    }
+    if (m_prepared.size() >= kMostPrepared)
+        m_prepared.erase(m_prepared.begin());
+    m_prepared.push_back(std::move(p));
+    return m_prepared.back();
+}
+
+bool SoundPlayer::Prepare(const QByteArray &wave) { return prepared(wave).valid; }
+
 bool SoundPlayer::isPlaying() const
 {
     if (!m_playing)
@@ -111,38 +172,43 @@ bool SoundPlayer::PlaySound(const QByteArray &wave, int flags)
         StopSound();
         return true;
     }
-    std::vector<std::uint8_t> bytes(wave.begin(), wave.end());
-    const auto parsed = zrt::ParseWave(bytes);
-    silence();
-    if (!parsed)
-        return false;
+    const PreparedSound &sound = prepared(wave);
     const bool loop = (flags & SND_LOOP) != 0;
+    // A sink that is open in the sound's format and has played out what it had takes the new
+    // sound as it is: no stop, no new stream.
+    if (sound.valid && m_sink && m_source && !isPlaying() && m_sink->format() == sound.format
+        && (m_sink->state() == QAudio::ActiveState || m_sink->state() == QAudio::IdleState)) {
+        if (m_recording)
+            m_history << QStringLiteral("%1:%2").arg(loop ? "loop" : "play").arg(wave.size());
+        m_looping = loop;
+        m_playing = true;
+        m_source->Replace(sound.pcm, loop, m_sinkFormat.bytesPerFrame());
+        Q_EMIT m_source->readyRead(); // the sink pulls again
+        return true;
+    }
+    silence();
+    if (!sound.valid)
+        return false;
     if (m_recording)
         m_history << QStringLiteral("%1:%2").arg(loop ? "loop" : "play").arg(wave.size());
-    startSink(*parsed, loop);
+    startSink(sound, loop);
     return true;
 }
 
-void SoundPlayer::startSink(const zrt::WaveData &wave, bool loop)
+void SoundPlayer::startSink(const PreparedSound &sound, bool loop)
 {
     m_looping = loop;
     m_playing = true;
-    const QAudioDevice device = QMediaDevices::defaultAudioOutput();
-    QAudioFormat format;
-    format.setSampleRate(wave.format.sampleRate);
-    format.setChannelCount(wave.format.channels);
-    format.setSampleFormat(QAudioFormat::Int16);
-    if (!device.isNull() && !device.isFormatSupported(format))
-        format = device.preferredFormat();
+    const QAudioFormat &format = sound.format;
     m_sinkFormat = {format.sampleRate(), format.channelCount(), kindOf(format.sampleFormat())};
-    auto pcm = zrt::ConvertWave(wave, m_sinkFormat);
-    m_source = std::make_unique<LoopingSource>(std::move(pcm), loop, m_sinkFormat.bytesPerFrame());
+    m_source = std::make_unique<LoopingSource>(sound.pcm, loop, m_sinkFormat.bytesPerFrame());
     m_source->open(QIODevice::ReadOnly);
-    if (device.isNull())
+    const QAudioDevice &output = device();
+    if (output.isNull())
         return; // no output: a silent run, the state still tells what would sound
 
     if (!m_sink || m_sink->format() != format)
-        m_sink = std::make_unique<QAudioSink>(device, format);
+        m_sink = std::make_unique<QAudioSink>(output, format);
     const int bytesPerMs = format.bytesForDuration(1000);
     m_sink->setBufferSize(std::max<qsizetype>(format.bytesPerFrame(), qsizetype(bytesPerMs) * m_bufferMs));
     m_push = m_sink->start();

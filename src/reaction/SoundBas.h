@@ -11,13 +11,19 @@
 #include <QString>
 #include <QStringList>
 
+#include <QAudioDevice>
+#include <QAudioFormat>
+
 #include <array>
+#include <cstdint>
 #include <functional>
 #include <memory>
+#include <vector>
 
 class QAudioSink;
 class QIODevice;
 class QTimer;
+class QMediaDevices;
 
 namespace SoundBas {
 
@@ -43,6 +49,12 @@ public:
     bool PlaySound(const QByteArray &wave, int flags);
     // Flags 64: silence now.
     void StopSound();
+    // Reads and converts a sound for the output now, so that playing it later only hands the
+    // kept samples to the open sink. A sound played without this is converted at its first play.
+    // False for data that are no sound.
+    bool Prepare(const QByteArray &wave);
+    // How many sounds are kept converted (a few at most).
+    int preparedCount() const { return static_cast<int>(m_prepared.size()); }
 
     bool hasOutput() const;
     bool isPlaying() const;
@@ -59,10 +71,24 @@ public:
     void clearHistory() { m_history.clear(); }
 
 private:
-    void startSink(const zrt::WaveData &wave, bool loop);
+    // A sound converted for the output. The bytes are kept so that their address names them.
+    struct PreparedSound {
+        QByteArray wave;
+        bool valid = false;
+        QAudioFormat format;
+        std::shared_ptr<const std::vector<std::uint8_t>> pcm;
+    };
+    const PreparedSound &prepared(const QByteArray &wave);
+    const QAudioDevice &device();
+    void forgetDevice();
+    void startSink(const PreparedSound &sound, bool loop);
     void silence();
     void feed();
 
+    std::vector<PreparedSound> m_prepared;
+    std::unique_ptr<QMediaDevices> m_devices;
+    QAudioDevice m_device;
+    bool m_deviceKnown = false;
     std::unique_ptr<QAudioSink> m_sink;
     std::unique_ptr<LoopingSource> m_source;
     // The sink is fed by hand (push mode): some backends never pull from a device whose period

@@ -5,6 +5,8 @@
 #include "stats/Averages.h"
 #include "stats/Maths.h"
 
+#include <charconv>
+
 namespace zrt {
 
 GroupedAnswer Get_Grouped_Data(const GroupedInput &in, AnalysisState &state)
@@ -60,9 +62,32 @@ int leadingStem(int value, size_t characters)
     return static_cast<int>(CDbl(text.substr(0, characters)));
 }
 
-bool startsWith(const std::string &text, const std::string &prefix)
+// For the stems low..low + rows - 1, how many values have a decimal text that begins with the
+// stem's text. A text begins with a stem's text exactly when one of its leading parts is that
+// text, so each distinct value is looked at once, part by part, instead of once per stem.
+std::vector<int> countByLeadingText(const std::vector<int> &sorted, int low, int rows)
 {
-    return text.compare(0, prefix.size(), prefix) == 0;
+    std::vector<int> counts(static_cast<size_t>(rows), 0);
+    size_t i = 0;
+    while (i < sorted.size()) {
+        size_t j = i + 1;
+        while (j < sorted.size() && sorted[j] == sorted[i])
+            ++j;
+        const std::string text = std::to_string(sorted[i]);
+        for (size_t k = 1; k <= text.size(); ++k) {
+            int stem = 0;
+            const char *end = text.data() + k;
+            const auto [stop, error] = std::from_chars(text.data(), end, stem);
+            if (error != std::errc() || stop != end)
+                continue;
+            const long long row = static_cast<long long>(stem) - low;
+            if (row < 0 || row >= rows || std::to_string(stem).size() != k)
+                continue; // not a stem of the table, or a text such as "05" that no stem has
+            counts[static_cast<size_t>(row)] += static_cast<int>(j - i);
+        }
+        i = j;
+    }
+    return counts;
 }
 
 } // namespace
@@ -78,10 +103,8 @@ ClassTable BuildClassTable(std::vector<int> &groupedData)
     t.rowCount = subInt32(t.highestStem, t.lowestStem) + 1;
     t.rowHeight = RowHeightFor(t.rowCount);
 
-    std::vector<std::string> texts;
-    texts.reserve(groupedData.size());
-    for (int v : groupedData)
-        texts.push_back(std::to_string(v));
+    const std::vector<int> frequencies =
+        countByLeadingText(groupedData, t.lowestStem, t.rowCount > 0 ? t.rowCount : 0);
 
     int cumulative = 0;
     for (int i = 0; i < t.rowCount; ++i) {
@@ -89,10 +112,7 @@ ClassTable BuildClassTable(std::vector<int> &groupedData)
         row.stem = t.lowestStem + i;
         row.label = ClassLabel(row.stem, row.stem + 1);
         row.cumulativeLabel = ClassLabel(t.lowestStem, t.lowestStem + i + 1);
-        const std::string stemText = std::to_string(row.stem);
-        for (const auto &text : texts)
-            if (startsWith(text, stemText))
-                row.frequency = addInt32(row.frequency, 1);
+        row.frequency = frequencies[static_cast<size_t>(i)];
         row.midpoint = addInt32(mulInt32(row.stem, 10), 5);
         row.product = mulInt32(row.midpoint, row.frequency);
         cumulative = addInt32(cumulative, row.frequency);

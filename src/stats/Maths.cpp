@@ -3,6 +3,7 @@
 #include "common/NumberText.h"
 #include "common/RunTimeError.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -51,13 +52,11 @@ double RoundToFigures(double &x, short &f)
     return RoundToPlaces(x, f) * scale;
 }
 
+// Every chart sorts the page's array again before it draws; once sorted, that is one pass.
 void BubbleSort(std::vector<int> &a)
 {
-    const long long upper = static_cast<long long>(a.size()) - 1;
-    for (long long i = upper; i >= 0; --i)
-        for (long long j = 1; j <= i; ++j)
-            if (a[static_cast<size_t>(j - 1)] > a[static_cast<size_t>(j)])
-                std::swap(a[static_cast<size_t>(j - 1)], a[static_cast<size_t>(j)]);
+    if (!std::is_sorted(a.begin(), a.end()))
+        std::sort(a.begin(), a.end());
 }
 
 double MedianOf(const std::vector<int> &a)
@@ -106,9 +105,49 @@ double UpperQuartileOf(const std::vector<int> &a)
     return MedianOf(copyRange(a, first, n - 1, true));
 }
 
+namespace {
+
+// The highest count and the values that reach it, in the order they first appear.
+std::string modeText(const std::vector<double> &values, const std::vector<int> &counts)
+{
+    int highest = counts[0];
+    for (int c : counts)
+        if (c > highest)
+            highest = c;
+    if (highest == 1)
+        return "N/A";
+    std::string text;
+    for (size_t row = 0; row < values.size(); ++row) {
+        if (counts[row] != highest)
+            continue;
+        if (!text.empty())
+            text += ", ";
+        text += GeneralText(values[row]);
+    }
+    return text;
+}
+
+} // namespace
+
 std::string ModeOf(const std::vector<int> &a)
 {
-    std::vector<double> values{static_cast<double>(At(a, 0))};
+    const int front = At(a, 0);
+    if (std::is_sorted(a.begin(), a.end())) {
+        // Equal values stand together, so each run is one value and its count.
+        std::vector<double> values;
+        std::vector<int> counts;
+        size_t i = 0;
+        while (i < a.size()) {
+            size_t j = i + 1;
+            while (j < a.size() && a[j] == a[i])
+                ++j;
+            values.push_back(static_cast<double>(a[i]));
+            counts.push_back(static_cast<int>(j - i));
+            i = j;
+        }
+        return modeText(values, counts);
+    }
+    std::vector<double> values{static_cast<double>(front)};
     std::vector<int> counts{1};
     for (size_t i = 1; i < a.size(); ++i) {
         const double v = a[i];
@@ -125,21 +164,7 @@ std::string ModeOf(const std::vector<int> &a)
             counts.push_back(1);
         }
     }
-    int highest = counts[0];
-    for (int c : counts)
-        if (c > highest)
-            highest = c;
-    if (highest == 1)
-        return "N/A";
-    std::string text;
-    for (size_t row = 0; row < values.size(); ++row) {
-        if (counts[row] != highest)
-            continue;
-        if (!text.empty())
-            text += ", ";
-        text += GeneralText(values[row]);
-    }
-    return text;
+    return modeText(values, counts);
 }
 
 double VarianceOf(const std::vector<int> &a, const AnalysisResults &r)

@@ -16,6 +16,7 @@ double RoundToPlaces(double x, short d);
 // x = 0 has no leading figure: that is a run-time failure rather than an endless search.
 double RoundToFigures(double &x, short &f);
 
+// Sorts ascending in place (any correct sort of integers gives the same array).
 void BubbleSort(std::vector<int> &a);
 double MedianOf(const std::vector<int> &a);
 double LowerQuartileOf(const std::vector<int> &a);

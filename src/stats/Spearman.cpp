@@ -5,6 +5,7 @@
 #include "stats/Averages.h"
 #include "stats/Maths.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -13,20 +14,12 @@ namespace {
 
 enum Row { X = 0, RankX = 1, Y = 2, RankY = 3, D = 4, DSquared = 5 };
 
-void swapSingles(float &a, float &b) { std::swap(a, b); }
-
-// Bubble sort of whole columns by one row; equal values stay where they are.
+// Whole columns sorted by one row; equal values keep their order, which decides the table's
+// order of ties.
 void sortColumnsBy(std::vector<RankColumn> &table, int row)
 {
-    const long long last = static_cast<long long>(table.size()) - 1;
-    for (long long i = last - 1; i >= 0; --i)
-        for (long long j = 0; j <= i; ++j) {
-            auto &a = table[static_cast<size_t>(j)];
-            auto &b = table[static_cast<size_t>(j + 1)];
-            if (a[row] > b[row])
-                for (int k = 0; k < 6; ++k)
-                    swapSingles(a[k], b[k]);
-        }
+    std::stable_sort(table.begin(), table.end(),
+                     [row](const RankColumn &a, const RankColumn &b) { return a[row] < b[row]; });
 }
 
 // Ranks 1..n into rankRow, then gives each run of equal values the mean of its ranks.

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
+#include <vector>
 
 namespace zrt {
 
@@ -68,31 +70,90 @@ QColor TranslateColor(OleColor color)
 
 OleColor ToOleColor(const QColor &color) { return RGB(color.red(), color.green(), color.blue()); }
 
+// The colours of a gradient depend only on the row (or column), so each is worked out once and
+// the picture is filled a row at a time.
 QImage GradientImage(const QSize &size, const QColor &from, const QColor &to, GradientDirection direction)
 {
     QImage image(size.expandedTo(QSize(0, 0)), QImage::Format_RGB32);
     if (image.isNull())
         return image;
     const bool rows = direction == GradientDirection::TopToBottom;
-    const int steps = (rows ? size.height() : size.width()) - 1;
+    const int count = rows ? size.height() : size.width();
+    const int steps = count - 1;
+    const int r0 = from.red(), g0 = from.green(), b0 = from.blue();
+    const int r1 = to.red(), g1 = to.green(), b1 = to.blue();
+    std::vector<QRgb> colours(static_cast<size_t>(count));
+    for (int i = 0; i < count; ++i)
+        colours[static_cast<size_t>(i)] = qRgb(Mix(r0, r1, i, steps), Mix(g0, g1, i, steps), Mix(b0, b1, i, steps));
+    const int width = size.width();
     for (int y = 0; y < size.height(); ++y) {
         auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
-        for (int x = 0; x < size.width(); ++x) {
-            const int i = rows ? y : x;
-            line[x] = qRgb(Mix(from.red(), to.red(), i, steps), Mix(from.green(), to.green(), i, steps),
-                           Mix(from.blue(), to.blue(), i, steps));
-        }
+        if (rows)
+            std::fill(line, line + width, colours[static_cast<size_t>(y)]);
+        else
+            std::memcpy(line, colours.data(), static_cast<size_t>(width) * sizeof(QRgb));
     }
     return image;
 }
+
+namespace {
+
+// The last few gradients drawn: a window's ground is painted again and again at one size.
+struct KeptGradient {
+    QSize size;
+    QRgb from;
+    QRgb to;
+    GradientDirection direction;
+    QImage image;
+};
+
+const QImage &KeptGradientImage(const QSize &size, const QColor &from, const QColor &to, GradientDirection direction)
+{
+    static std::vector<KeptGradient> kept;
+    const QRgb a = from.rgb(), b = to.rgb();
+    for (size_t i = 0; i < kept.size(); ++i) {
+        if (kept[i].size == size && kept[i].from == a && kept[i].to == b && kept[i].direction == direction) {
+            if (i != 0)
+                std::rotate(kept.begin(), kept.begin() + static_cast<std::ptrdiff_t>(i),
+                            kept.begin() + static_cast<std::ptrdiff_t>(i) + 1);
+            return kept.front().image;
+        }
+    }
+    constexpr size_t kMostKept = 8;
+    if (kept.size() == kMostKept)
+        kept.pop_back();
+    kept.insert(kept.begin(), KeptGradient{size, a, b, direction, GradientImage(size, from, to, direction)});
+    return kept.front().image;
+}
+
+} // namespace
 
 void DrawGradient(QPainter &target, const QRect &rect, const QColor &from, const QColor &to,
                   GradientDirection direction)
 {
     if (rect.width() <= 0 || rect.height() <= 0)
         return;
-    // Built in memory and put down in one step, so the target never shows a half-drawn ground.
-    target.drawImage(rect.topLeft(), GradientImage(rect.size(), from, to, direction));
+    // On a painter that only moves what it draws, each row (or column) is one solid fill of the
+    // colour the picture would have there: the same pixels without building the picture. The
+    // target is a widget's back buffer or an image, so it never shows a half-drawn ground.
+    const QTransform::TransformationType kind = target.transform().type();
+    if (kind <= QTransform::TxTranslate && target.opacity() == 1.0
+        && target.compositionMode() == QPainter::CompositionMode_SourceOver) {
+        const bool rows = direction == GradientDirection::TopToBottom;
+        const int count = rows ? rect.height() : rect.width();
+        const int steps = count - 1;
+        const int r0 = from.red(), g0 = from.green(), b0 = from.blue();
+        const int r1 = to.red(), g1 = to.green(), b1 = to.blue();
+        for (int i = 0; i < count; ++i) {
+            const QColor colour(Mix(r0, r1, i, steps), Mix(g0, g1, i, steps), Mix(b0, b1, i, steps));
+            if (rows)
+                target.fillRect(QRect(rect.left(), rect.top() + i, rect.width(), 1), colour);
+            else
+                target.fillRect(QRect(rect.left() + i, rect.top(), 1, rect.height()), colour);
+        }
+        return;
+    }
+    target.drawImage(rect.topLeft(), KeptGradientImage(rect.size(), from, to, direction));
 }
 
 void TransparentCopy(QPainter &target, const QPoint &at, const QSize &size, const QImage &source,

@@ -3,7 +3,9 @@
 #include "GifTestSupport.h"
 
 #include "anim/ucGifPlayer.h"
+#include "common/NumberText.h"
 
+#include <QPainter>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -366,4 +368,97 @@ TEST_F(GifPlayerTest, TheCurrentFrameComesBackAsAPicture)
     EXPECT_EQ(picture, frames[0].convertToFormat(QImage::Format_ARGB32));
     player->setAnimatedGIF(QByteArray());
     EXPECT_TRUE(player->AnimatedGIF().isNull());
+}
+
+namespace {
+
+// The control's picture on a known ground, as it paints itself (no background of its own).
+QImage Painted(ucGifPlayer *player, QRgb ground)
+{
+    QImage image(player->size(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(ground);
+    player->render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+    return image;
+}
+
+// Frame 1 fills the picture with index 3; frame 2 is a chequer of index 5 and see-through
+// index 0 disposed to the background; frame 3 fills with index 7.
+QByteArray SeeThroughOverFull()
+{
+    GifWriterInput in;
+    in.Screen = QSize(40, 30);
+    in.GlobalTable = Greys(16);
+    in.Frames.push_back(WriterFrame(Pattern(40, 30, [](int, int) { return 3; }), 0, 0, 1));
+    in.Frames.push_back(WriterFrame(Pattern(20, 10, [](int x, int y) { return (x + y) % 2 ? 5 : 0; }), 5, 5, 2, 0));
+    in.Frames.push_back(WriterFrame(Pattern(40, 30, [](int, int) { return 7; }), 0, 0, 1));
+    return WriteAnimatedGif(in);
+}
+
+} // namespace
+
+TEST_F(GifPlayerTest, ARepaintShowsTheSamePictureOnACanvas)
+{
+    player->setStretch(4);
+    LoadStill(SeeThroughOverFull());
+    ASSERT_TRUE(player->HasCanvas());
+    player->setAction(3); // frame 2, painted once by the step
+    ASSERT_EQ(player->CurrentFrame(), 2);
+    const QImage first = Painted(player, qRgb(255, 0, 0));
+    player->repaint();
+    const QImage second = Painted(player, qRgb(255, 0, 0));
+    EXPECT_EQ(first, second);
+    // The see-through pixels of frame 2 show frame 1 under them, on every paint.
+    const QRgb under = Greys(16)[3];
+    EXPECT_EQ(second.pixel(5, 5), under);
+    EXPECT_EQ(second.pixel(6, 5), Greys(16)[5]);
+    EXPECT_EQ(second.pixel(0, 0), under);
+    // The disposal takes effect with the next step: frame 3 covers everything anyway, and frame 1
+    // after the wrap starts from a blank canvas.
+    player->setAction(3);
+    EXPECT_EQ(Painted(player, qRgb(255, 0, 0)).pixel(5, 5), Greys(16)[7]);
+    player->setAction(3);
+    EXPECT_EQ(Painted(player, qRgb(255, 0, 0)).pixel(5, 5), under);
+}
+
+TEST_F(GifPlayerTest, KeptFramesPaintAsTheFramesDrawnAnew)
+{
+    // Stretched pictures, with and without a canvas, against the frame drawn straight from the
+    // strip with its colour row, smoothly scaled, as each paint used to draw it.
+    for (const char *name : {"character1.gif", "walker.gif"}) {
+        SCOPED_TRACE(name);
+        const QByteArray bytes = Asset(name);
+        player->setStretch(2);
+        player->resize(173, 131);
+        LoadStill(bytes);
+        const Decoded d = Decode(bytes);
+        ASSERT_GE(d.frames, 2);
+        const float rx = player->ScaleRatioX(), ry = player->ScaleRatioY();
+        ASSERT_NE(rx, 1.0f);
+        auto scaled = [&](int l, int t, int w, int h) {
+            return QRect(CLng(double(rx) * l), CLng(double(ry) * t), CLng(double(rx) * w), CLng(double(ry) * h));
+        };
+        const std::vector<QImage> composed = GifComposer::ComposeAll(d.gif, d.strip);
+        for (int n = 1; n <= d.frames; ++n) {
+            if (n > 1)
+                player->setAction(3);
+            ASSERT_EQ(player->CurrentFrame(), n);
+            QImage expected(player->size(), QImage::Format_ARGB32_Premultiplied);
+            expected.fill(qRgb(0, 128, 255));
+            QPainter painter(&expected);
+            painter.setRenderHint(QPainter::SmoothPixmapTransform, true);
+            if (player->HasCanvas()) {
+                const QRect target = scaled(0, 0, d.gif.ActualWidth, d.gif.ActualHeight);
+                if (!PlanGifBuild(d.gif).NeedMask)
+                    painter.fillRect(target, Qt::black);
+                painter.drawImage(target, composed[size_t(n - 1)]);
+            } else {
+                const GifFrame &f = d.gif.Frame(n);
+                painter.drawImage(scaled(f.Left, f.Top, f.Width, f.Height), d.strip.FramePicture(d.gif, n));
+            }
+            painter.end();
+            const QImage shown = Painted(player, qRgb(0, 128, 255));
+            EXPECT_EQ(shown, expected) << "frame " << n;
+            EXPECT_EQ(Painted(player, qRgb(0, 128, 255)), shown) << "a second paint of frame " << n;
+        }
+    }
 }

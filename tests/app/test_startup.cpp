@@ -1,9 +1,13 @@
 #include "app/MainMod1.h"
+#include "app/PagePanel.h"
 
 #include <QDir>
 #include <QFile>
+#include <QImage>
+#include <QLabel>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QTest>
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -194,4 +198,50 @@ TEST(Startup, HostileSettingsFilesNeitherStopNorHoldTheStart)
         EXPECT_EQ(MainMod1::Sounds.buffers[size_t(i)], MainMod1::BuiltInSound(i + 1)) << i;
     }
 #endif
+TEST(Startup, PicturesOfHiddenPagesAreReadWhenTheyFirstShow)
+{
+    QTemporaryDir dir;
+    ASSERT_TRUE(dir.isValid());
+    QImage picture(40, 30, QImage::Format_RGB32);
+    picture.fill(qRgb(10, 200, 30));
+    picture.setPixel(5, 7, qRgb(250, 0, 0));
+    const QString path = dir.filePath(QStringLiteral("stage.png"));
+    ASSERT_TRUE(picture.save(path));
+
+    QWidget host;
+    host.resize(200, 100);
+    auto *eager = new PagePanel(&host);
+    auto *lazy = new PagePanel(&host);
+    for (PagePanel *panel : {eager, lazy}) {
+        panel->setGeometry(0, 0, 60, 50);
+        panel->setBackColor(QColor(236, 240, 226));
+        panel->hide();
+    }
+    eager->setPicture(picture);
+    lazy->setPictureFile(path);
+    auto *label = new QLabel(lazy);
+    SetPixmapWhenShown(label, path);
+    EXPECT_TRUE(label->pixmap().isNull()) << "nothing is read while the page is hidden";
+    host.show();
+    lazy->show();
+    eager->show();
+    EXPECT_FALSE(label->pixmap().isNull());
+    EXPECT_EQ(label->pixmap().toImage().convertToFormat(QImage::Format_RGB32), picture);
+    label->hide();
+    EXPECT_EQ(lazy->grab().toImage().convertToFormat(QImage::Format_RGB32),
+              eager->grab().toImage().convertToFormat(QImage::Format_RGB32));
+}
+
+TEST(Startup, TheFourSoundsAreConvertedSoonAfterStartUp)
+{
+    QTemporaryDir dir;
+    ASSERT_TRUE(MainMod1::Startup(dir.path(), [](const QString &, const QString &) {}));
+    auto &player = SoundBas::SoundPlayer::instance();
+    QTest::qWait(600);
+    // Each buffer is kept converted now: preparing one again adds nothing.
+    const int kept = player.preparedCount();
+    EXPECT_GE(kept, 4);
+    for (const QByteArray &sound : MainMod1::Sounds.buffers)
+        EXPECT_TRUE(player.Prepare(sound));
+    EXPECT_EQ(player.preparedCount(), kept);
 }

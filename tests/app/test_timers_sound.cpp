@@ -192,3 +192,36 @@ TEST(SoundBank, SettingsReplaceBuiltInSounds)
         EXPECT_EQ(e.number(), 75);
     }
 }
+
+TEST(SoundPlayer, EachSoundIsConvertedOnceAndKept)
+{
+    SoundBas::SoundPlayer player;
+    player.setRecording(true);
+    const QByteArray hit = asBytes(zrt::MakeWave(tone(800, 880, 22050), 22050));
+    const QByteArray cue = asBytes(zrt::MakeWave(tone(2000, 660, 22050), 22050));
+    EXPECT_TRUE(player.Prepare(hit));
+    EXPECT_TRUE(player.Prepare(hit));
+    EXPECT_EQ(player.preparedCount(), 1) << "the same bytes are converted once";
+    for (int i = 0; i < 5; ++i)
+        EXPECT_TRUE(player.PlaySound(hit, SoundBas::SND_ASYNC | SoundBas::SND_MEMORY));
+    EXPECT_TRUE(player.PlaySound(cue, SoundBas::SND_ASYNC | SoundBas::SND_MEMORY | SoundBas::SND_LOOP));
+    EXPECT_EQ(player.preparedCount(), 2);
+    EXPECT_TRUE(player.isLooping());
+    player.StopSound();
+    EXPECT_FALSE(player.isPlaying());
+    // Bytes that are no sound stay so on every play, and the history is as before.
+    const QByteArray noSound("not a wave");
+    EXPECT_FALSE(player.Prepare(noSound));
+    EXPECT_FALSE(player.PlaySound(noSound, 5));
+    EXPECT_EQ(player.history(), (QStringList{"play:1644", "play:1644", "play:1644", "play:1644", "play:1644",
+                                             "loop:4044", "stop"}));
+    // A copy of the bytes names the same sound; changed bytes are a new one.
+    QByteArray changed = hit;
+    changed[60] = char(changed[60] + 1);
+    EXPECT_TRUE(player.PlaySound(changed, 5));
+    EXPECT_EQ(player.preparedCount(), 4);
+    // Only a few are kept.
+    for (int i = 0; i < 20; ++i)
+        player.Prepare(asBytes(zrt::MakeWave(tone(100 + i, 440, 8000), 8000)));
+    EXPECT_LE(player.preparedCount(), 8);
+}

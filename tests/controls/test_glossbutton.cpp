@@ -10,7 +10,11 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QSignalSpy>
+#include <QTest>
 #include <gtest/gtest.h>
+
+#include <memory>
+#include <vector>
 
 #include <array>
 #include <memory>
@@ -628,4 +632,42 @@ TEST(GlossButtonCaption, PictureAlignmentPlacesThePicture)
     const QImage hover = Shot(*f.button);
     EXPECT_EQ(CountColour(hover, C(0, 255, 0)), 100);
     EXPECT_EQ(CountColour(hover, C(255, 0, 0)), 0);
+}
+
+TEST(GlossButtonHidden, PropertiesSetWhileHiddenAreDrawnOnceWhenShown)
+{
+    // A button built up on a hidden page, as the window builds its pages, draws nothing until
+    // it shows, and then shows what a button set up in view shows.
+    std::vector<std::unique_ptr<QWidget>> parents;
+    std::vector<GlossButton *> buttons;
+    for (bool hiddenWhileSetUp : {false, true}) {
+        auto parent = std::make_unique<QWidget>();
+        parent->setProperty("BackColor", QVariant::fromValue<quint32>(Back));
+        parent->resize(150, 70);
+        auto *button = new GlossButton(parent.get());
+        button->resize(110, 30);
+        button->setStyle(2);
+        if (!hiddenWhileSetUp) {
+            parent->show();
+            ASSERT_TRUE(QTest::qWaitForWindowExposed(parent.get()));
+        }
+        const int before = button->PaintCount();
+        button->setCaption("Start");
+        button->setForeColor(RGB(200, 0, 0));
+        button->setEnabled(false);
+        button->setEnabled(true);
+        if (hiddenWhileSetUp) {
+            EXPECT_EQ(button->PaintCount(), before) << "nothing drawn while hidden";
+            parent->show();
+            ASSERT_TRUE(QTest::qWaitForWindowExposed(parent.get()));
+            EXPECT_GT(button->PaintCount(), before);
+        }
+        buttons.push_back(button);
+        parents.push_back(std::move(parent));
+    }
+    // Whichever window came up under the pointer shows its button hovered: both leave it.
+    for (GlossButton *button : buttons)
+        Leave(button);
+    EXPECT_EQ(buttons[1]->Surface(), buttons[0]->Surface());
+    EXPECT_EQ(buttons[1]->mask(), buttons[0]->mask());
 }

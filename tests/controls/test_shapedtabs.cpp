@@ -3,6 +3,7 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <vector>
 
 using zrt::RGB;
@@ -186,4 +187,36 @@ TEST_F(TabsFixture, SettingTheActiveTabFromCodeRaisesClickOnlyOnAChange)
     tabs->setActiveTab(3);
     tabs->setActiveTab(3);
     EXPECT_EQ(clicks, (std::vector<int>{3}));
+}
+
+TEST(ShapedTabsHidden, AStripSetUpWhileHiddenIsDrawnWhenShown)
+{
+    // Set up in view and set up hidden (as the window's hidden pages are), alike once shown.
+    std::vector<std::unique_ptr<QWidget>> containers;
+    std::vector<ShapedTabs *> strips;
+    for (bool hiddenWhileSetUp : {false, true}) {
+        auto container = std::make_unique<QWidget>();
+        container->resize(400, 150);
+        auto *tabs = new ShapedTabs(container.get());
+        tabs->setGeometry(0, 0, 360, 120);
+        if (!hiddenWhileSetUp) {
+            container->show();
+            ASSERT_TRUE(QTest::qWaitForWindowExposed(container.get()));
+        }
+        tabs->setCaption("One|Two|Three");
+        tabs->setNumberOfTabs(3);
+        tabs->setTabBodyColor(RGB(200, 210, 220));
+        tabs->setDisabledTabColor(RGB(90, 90, 90));
+        tabs->setControlBackcolor(RGB(1, 2, 3));
+        if (hiddenWhileSetUp) {
+            EXPECT_TRUE(tabs->TabStrip().isNull() || tabs->TabStrip().size() != QSize(360, 120))
+                << "not drawn while hidden";
+            container->show();
+            ASSERT_TRUE(QTest::qWaitForWindowExposed(container.get()));
+        }
+        strips.push_back(tabs);
+        containers.push_back(std::move(container));
+    }
+    EXPECT_EQ(strips[1]->TabStrip(), strips[0]->TabStrip());
+    EXPECT_EQ(strips[1]->mask(), strips[0]->mask());
 }

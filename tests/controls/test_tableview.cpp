@@ -5,6 +5,7 @@
 #include <QTreeWidget>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 #include <string>
 #include <vector>
@@ -334,4 +335,64 @@ TEST_F(TableFixture, ResizeFitsTheListAndTellsTheContainer)
     view.resize(300, 120);
     EXPECT_EQ(view.List()->geometry(), QRect(0, 0, 300, 120));
     EXPECT_EQ(resized, 1);
+}
+
+TEST(TableViewRows, RowsAddMakesTheTableItemAddAndSubItemSetMake)
+{
+    // One table filled cell by cell, one with RowsAdd; every cell's data, the flags, the check
+    // boxes, the focus and the click rule must agree, for an empty and a filled table.
+    for (bool checkBoxes : {false, true})
+        for (int already : {0, 2})
+            for (int count : {1, 3}) {
+                SCOPED_TRACE(testing::Message() << checkBoxes << " " << already << " " << count);
+                ucTableView bySteps, atOnce;
+                std::vector<int> clicks;
+                for (ucTableView *view : {&bySteps, &atOnce}) {
+                    ASSERT_TRUE(view->Initialize());
+                    view->InitializeImageListSmall(16, 16);
+                    for (int i = 0; i < 6; ++i)
+                        view->ColumnAdd(i, kHeadings[i], kWidths[i], 0);
+                    view->setCheckBoxes(checkBoxes);
+                    for (int r = 0; r < already; ++r)
+                        view->ItemAdd(r, QString::number(r), 0, -1);
+                }
+                QList<QStringList> rows;
+                for (int r = 0; r < count; ++r) {
+                    QStringList texts{QString::number(100 + r)};
+                    for (int c = 1; c < 7; ++c) // one text more than there are columns
+                        texts << QString("%1/%2").arg(r).arg(c);
+                    rows << texts;
+                    bySteps.ItemAdd(already + r, texts[0], 0, -1);
+                    for (int c = 1; c < 7; ++c)
+                        bySteps.SubItemSet(already + r, c, texts[c], -1);
+                }
+                ASSERT_TRUE(atOnce.RowsAdd(rows));
+                ASSERT_EQ(atOnce.Count(), bySteps.Count());
+                for (int r = 0; r < bySteps.Count(); ++r) {
+                    const QTreeWidgetItem *a = bySteps.List()->topLevelItem(r);
+                    const QTreeWidgetItem *b = atOnce.List()->topLevelItem(r);
+                    EXPECT_EQ(a->flags(), b->flags());
+                    for (int c = 0; c < 7; ++c)
+                        for (int role : {int(Qt::DisplayRole), int(Qt::CheckStateRole), int(Qt::UserRole),
+                                         int(Qt::UserRole + 1), int(Qt::UserRole + 2), int(Qt::UserRole + 3),
+                                         int(Qt::UserRole + 4)})
+                            EXPECT_EQ(a->data(c, role), b->data(c, role)) << r << " " << c << " " << role;
+                    for (int c = 0; c < 6; ++c)
+                        EXPECT_EQ(a->icon(c).isNull(), b->icon(c).isNull());
+                    EXPECT_EQ(bySteps.ItemFocused(r), atOnce.ItemFocused(r));
+                    EXPECT_EQ(bySteps.ItemChecked(r), atOnce.ItemChecked(r));
+                }
+                // A first click on the list: the click rule of a one-row table holds for both.
+                for (ucTableView *view : {&bySteps, &atOnce}) {
+                    QObject::connect(view, &ucTableView::ItemClick, [&clicks](int i) { clicks.push_back(i); });
+                    view->resize(520, 260);
+                    view->show();
+                    ASSERT_TRUE(QTest::qWaitForWindowExposed(view));
+                    const QPoint at = view->List()->visualItemRect(view->List()->topLevelItem(0)).center();
+                    QTest::mouseClick(view->List()->viewport(), Qt::LeftButton, {}, at);
+                    clicks.push_back(-1);
+                }
+                const auto middle = std::find(clicks.begin(), clicks.end(), -1);
+                EXPECT_EQ(std::vector<int>(clicks.begin(), middle), std::vector<int>(middle + 1, clicks.end() - 1));
+            }
 }

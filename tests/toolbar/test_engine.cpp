@@ -8,6 +8,9 @@
 #include <QWidget>
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <random>
+
 #include <vector>
 
 using namespace zrt;
@@ -187,6 +190,78 @@ TEST(MessageEngine, MessageNumbersOfQtEvents)
     EXPECT_EQ(msg::MessageOf(&leave), 675);
     EXPECT_EQ(msg::MessageOf(&enter), msg::WM_MOUSEHOVER);
     EXPECT_EQ(msg::MessageOf(&paint), 15);
+}
+
+namespace {
+
+// The gradient as it was first built, pixel by pixel, kept to hold the faster one to it.
+QImage ReferenceGradient(const QSize &size, const QColor &from, const QColor &to, GradientDirection direction)
+{
+    auto mix = [](int a, int b, int step, int steps) {
+        return steps <= 0 ? a : a + static_cast<int>(std::lround(static_cast<double>(b - a) * step / steps));
+    };
+    QImage image(size.expandedTo(QSize(0, 0)), QImage::Format_RGB32);
+    if (image.isNull())
+        return image;
+    const bool rows = direction == GradientDirection::TopToBottom;
+    const int steps = (rows ? size.height() : size.width()) - 1;
+    for (int y = 0; y < size.height(); ++y)
+        for (int x = 0; x < size.width(); ++x) {
+            const int i = rows ? y : x;
+            image.setPixel(x, y, qRgb(mix(from.red(), to.red(), i, steps), mix(from.green(), to.green(), i, steps),
+                                      mix(from.blue(), to.blue(), i, steps)));
+        }
+    return image;
+}
+
+} // namespace
+
+TEST(GraphicsBas1, GradientsArePixelForPixelAsBuiltBefore)
+{
+    std::mt19937 rng(7);
+    auto any = [&](int n) { return std::uniform_int_distribution<int>(0, n)(rng); };
+    for (int round = 0; round < 300; ++round) {
+        const QSize size(any(120), any(120));
+        const QColor from(any(255), any(255), any(255)), to(any(255), any(255), any(255));
+        const auto direction = any(1) ? GradientDirection::TopToBottom : GradientDirection::LeftToRight;
+        const QImage expected = ReferenceGradient(size, from, to, direction);
+        ASSERT_EQ(GradientImage(size, from, to, direction), expected) << round;
+        // Drawn on a surface, twice (the second time from the kept picture), at an offset.
+        QImage surface(size + QSize(6, 4), QImage::Format_RGB32);
+        surface.fill(Qt::magenta);
+        QImage want = surface.copy();
+        {
+            QPainter p(&want);
+            p.drawImage(QPoint(3, 2), expected);
+        }
+        for (int twice = 0; twice < 2; ++twice) {
+            QPainter p(&surface);
+            DrawGradient(p, QRect(QPoint(3, 2), size), from, to, direction);
+        }
+        ASSERT_EQ(surface, want) << round;
+        // A painter that scales takes the kept picture; one with antialiasing on still fills
+        // whole pixels.
+        QImage scaled(surface.size() * 2, QImage::Format_RGB32), wantScaled = scaled;
+        scaled.fill(Qt::magenta);
+        wantScaled.fill(Qt::magenta);
+        for (auto [image, reference] : {std::pair{&scaled, false}, std::pair{&wantScaled, true}}) {
+            QPainter p(image);
+            p.scale(2, 2);
+            if (reference)
+                p.drawImage(QPoint(3, 2), expected);
+            else
+                DrawGradient(p, QRect(QPoint(3, 2), size), from, to, direction);
+        }
+        ASSERT_EQ(scaled, wantScaled) << round;
+        QImage smooth = want.copy();
+        smooth.fill(Qt::magenta);
+        {
+            QPainter p(&smooth);
+            p.setRenderHint(QPainter::Antialiasing);
+            DrawGradient(p, QRect(QPoint(3, 2), size), from, to, direction);
+        }
+        ASSERT_EQ(smooth, want) << round;
+    }
 }
 
 TEST(GraphicsBas1, GradientEndsAndTransparentCopy)
