@@ -183,7 +183,9 @@ bool SoundPlayer::PlaySound(const QByteArray &wave, int flags)
         m_looping = loop;
         m_playing = true;
         m_source->Replace(sound.pcm, loop, m_sinkFormat.bytesPerFrame());
-        Q_EMIT m_source->readyRead(); // the sink pulls again
+        // The feeder stopped when the last sound ran out; it hands the new one on.
+        feed();
+        m_feeder->start();
         return true;
     }
     silence();

@@ -198,6 +198,8 @@ TEST(Startup, HostileSettingsFilesNeitherStopNorHoldTheStart)
         EXPECT_EQ(MainMod1::Sounds.buffers[size_t(i)], MainMod1::BuiltInSound(i + 1)) << i;
     }
 #endif
+}
+
 TEST(Startup, PicturesOfHiddenPagesAreReadWhenTheyFirstShow)
 {
     QTemporaryDir dir;
