@@ -51,6 +51,34 @@ int CountNear(const QImage &image, QRgb colour, int tolerance)
 
 bool Overlap(const QRect &a, const QRect &b) { return a.intersects(b); }
 
+bool WriteSample(const QString &path, int pairs, int visualFrom, int visualStep, int audioFrom, int audioStep)
+{
+    QFile f(path);
+    if (!f.open(QIODevice::WriteOnly))
+        return false;
+    QByteArray text = "[RTDINFO]\r\nVanes=3\r\nAttempts=4\r\nDataItems=" + QByteArray::number(pairs) +
+                      "\r\nSample=1\r\n[DATA]\r\n";
+    for (int i = 1; i <= pairs; ++i)
+        text += "Data" + QByteArray::number(i) + "=0." + QByteArray::number(visualFrom + visualStep * i) + ",0." +
+                QByteArray::number(audioFrom + audioStep * i) + "\r\n";
+    return f.write(text) == text.size();
+}
+
+bool WriteClass(const QString &path)
+{
+    static const char *pairs[] = {"0.31,0.27", "0.42,0.35", "0.38,0.41", "0.29,0.25", "0.51,0.44",
+                                  "0.36,0.33", "0.45,0.47", "0.33,0.29", "0.4,0.38",  "0.62,0.51",
+                                  "0.35,0.31", "0.47,0.39", "0.3,0.28",  "0.39,0.36", "0.55,0.48",
+                                  "0.34,0.3",  "0.43,0.4",  "0.37,0.32", "0.49,0.45", "0.41,0.34"};
+    QFile f(path);
+    if (!f.open(QIODevice::WriteOnly))
+        return false;
+    QByteArray text = "[RTDINFO]\r\nVanes=3\r\nAttempts=4\r\nDataItems=20\r\nSample=1\r\n[DATA]\r\n";
+    for (int i = 0; i < 20; ++i)
+        text += "Data" + QByteArray::number(i + 1) + "=" + pairs[i] + "\r\n";
+    return f.write(text) == text.size();
+}
+
 // ---------------------------------------------------------------- display
 
 Display &Display::instance()
@@ -292,6 +320,37 @@ bool Program::fire(int timerId)
     bool ok = false;
     ask(QStringLiteral("fire %1").arg(timerId), &ok);
     return ok;
+}
+
+int Program::lines(const QString &list)
+{
+    const QString items = text(list);
+    return items.isEmpty() ? 0 : static_cast<int>(items.split(QLatin1Char('|')).size());
+}
+
+QPoint Program::toolbarButton(const QString &key)
+{
+    const QStringList parts = ask(QStringLiteral("button ") + key).split(QLatin1Char(' '));
+    return parts.size() < 4 ? QPoint()
+                            : QRect(parts[0].toInt(), parts[1].toInt(), parts[2].toInt(), parts[3].toInt()).center();
+}
+
+QPoint Program::tab(const QString &strip, int index)
+{
+    const QStringList parts = ask(QStringLiteral("tab %1 %2").arg(strip).arg(index)).split(QLatin1Char(' '));
+    return parts.size() < 2 ? QPoint() : QPoint(parts[0].toInt(), parts[1].toInt());
+}
+
+bool Program::modalShown() { return ask(QStringLiteral("modal")) != QLatin1String("none"); }
+
+bool Program::openByKeys(const QString &path)
+{
+    click(toolbarButton(QStringLiteral("Open")));
+    if (!waitUntil([this] { return modalShown(); }))
+        return false;
+    type(path); // the dialog starts in the program's folder: the whole path is typed
+    key("Return");
+    return waitUntil([this] { return !modalShown(); });
 }
 
 bool Program::armed(int timerId) { return ask(QStringLiteral("armed %1").arg(timerId)) == QLatin1String("1"); }

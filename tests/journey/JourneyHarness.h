@@ -78,6 +78,14 @@ public:
     bool fire(int timerId);
     bool armed(int timerId);
 
+    // Common readings through the probe.
+    int lines(const QString &list);                  // items of a list
+    QPoint toolbarButton(const QString &key);        // middle of a toolbar button
+    QPoint tab(const QString &strip, int index);     // middle of a tab
+    bool modalShown();                               // a box or dialog is open
+    // Opens a file through the toolbar and the file dialog, by keys.
+    bool openByKeys(const QString &path);
+
     // Real input, through the X server.
     void moveTo(QPoint at);
     void click(QPoint at, int button = 1);
@@ -116,6 +124,11 @@ private:
 QString ShotFolder();
 // Counts pixels of a picture that are near the colour (each channel within tolerance).
 int CountNear(const QImage &image, QRgb colour, int tolerance);
+// A sample of pairs as the program writes it: "0.(a + i*step),0.(b + i*step2)" for i = 1..pairs.
+bool WriteSample(const QString &path, int pairs, int visualFrom = 300, int visualStep = 1, int audioFrom = 500,
+                 int audioStep = 1);
+// Twenty pairs spread as a class's would be.
+bool WriteClass(const QString &path);
 // True when the two rectangles share any pixel.
 bool Overlap(const QRect &a, const QRect &b);
 

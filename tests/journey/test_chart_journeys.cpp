@@ -11,37 +11,11 @@ using namespace journey;
 
 namespace {
 
-QPoint ToolbarButton(Program &p, const QString &key)
-{
-    const QStringList parts = p.ask(QStringLiteral("button ") + key).split(QLatin1Char(' '));
-    return parts.size() < 4 ? QPoint() : QRect(parts[0].toInt(), parts[1].toInt(), parts[2].toInt(), parts[3].toInt()).center();
-}
-
-QPoint Tab(Program &p, const QString &strip, int index)
-{
-    const QStringList parts = p.ask(QStringLiteral("tab %1 %2").arg(strip).arg(index)).split(QLatin1Char(' '));
-    return parts.size() < 2 ? QPoint() : QPoint(parts[0].toInt(), parts[1].toInt());
-}
-
-bool ModalShown(Program &p) { return p.ask(QStringLiteral("modal")) != QLatin1String("none"); }
-
 void OpenClass(Program &p)
 {
-    static const char *pairs[] = {"0.31,0.27", "0.42,0.35", "0.38,0.41", "0.29,0.25", "0.51,0.44",
-                                  "0.36,0.33", "0.45,0.47", "0.33,0.29", "0.4,0.38",  "0.62,0.51",
-                                  "0.35,0.31", "0.47,0.39", "0.3,0.28",  "0.39,0.36", "0.55,0.48",
-                                  "0.34,0.3",  "0.43,0.4",  "0.37,0.32", "0.49,0.45", "0.41,0.34"};
-    QFile f(p.documents() + QStringLiteral("/class.rtd"));
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    QByteArray text = "[RTDINFO]\r\nVanes=3\r\nAttempts=4\r\nDataItems=20\r\nSample=1\r\n[DATA]\r\n";
-    for (int i = 0; i < 20; ++i)
-        text += "Data" + QByteArray::number(i + 1) + "=" + pairs[i] + "\r\n";
-    f.write(text);
-    f.close();
-    p.click(ToolbarButton(p, QStringLiteral("Open")));
-    ASSERT_TRUE(p.waitUntil([&] { return ModalShown(p); }));
-    p.type(p.documents() + QStringLiteral("/class.rtd"));
-    p.key("Return");
+    const QString path = p.documents() + QStringLiteral("/class.rtd");
+    ASSERT_TRUE(WriteClass(path));
+    ASSERT_TRUE(p.openByKeys(path));
     ASSERT_TRUE(p.waitUntil([&] { return p.text(QStringLiteral("Label5")) == QLatin1String("Data Collected: (20)"); }));
 }
 
@@ -80,11 +54,11 @@ TEST(ChartJourney, EveryShowButtonDrawsAtOnceAndHideClears)
     for (const Show &s : kShows) {
         const QString page = QString::fromLatin1(s.page), button = QString::fromLatin1(s.button);
         if (page != shown) {
-            p.click(ToolbarButton(p, page));
+            p.click(p.toolbarButton(page));
             ASSERT_TRUE(p.waitUntil([&] { return !p.control(QStringLiteral("P3")).visible; }));
             shown = page;
         }
-        p.click(Tab(p, QString::fromLatin1(s.strip), s.tab));
+        p.click(p.tab(QString::fromLatin1(s.strip), s.tab));
         ASSERT_TRUE(p.waitUntil([&] { return p.control(button).visible; })) << s.button;
         const QRect surface = p.control(QString::fromLatin1(s.surface)).rect;
         const Control b = p.control(button);
@@ -107,8 +81,8 @@ TEST(ChartJourney, TickingAudioDataRedrawsTheTallyThatShows)
     Program p;
     ASSERT_TRUE(p.started());
     OpenClass(p);
-    p.click(ToolbarButton(p, QStringLiteral("Groups")));
-    p.click(Tab(p, QStringLiteral("Tab2"), 0));
+    p.click(p.toolbarButton(QStringLiteral("Groups")));
+    p.click(p.tab(QStringLiteral("Tab2"), 0));
     p.click(QStringLiteral("cmdTally"));
     const QRect surface = p.control(QStringLiteral("ptally")).rect;
     const QRect leaveOut = p.control(QStringLiteral("cmdTally")).rect.translated(-surface.topLeft());

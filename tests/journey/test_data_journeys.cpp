@@ -14,50 +14,11 @@ namespace {
 
 constexpr int TimerVisualPop = 20482;
 
-int Lines(Program &p, const QString &list)
-{
-    const QString items = p.text(list);
-    return items.isEmpty() ? 0 : static_cast<int>(items.split(QLatin1Char('|')).size());
-}
-
-QPoint ToolbarButton(Program &p, const QString &key)
-{
-    const QStringList parts = p.ask(QStringLiteral("button ") + key).split(QLatin1Char(' '));
-    if (parts.size() < 4)
-        return {};
-    return QRect(parts[0].toInt(), parts[1].toInt(), parts[2].toInt(), parts[3].toInt()).center();
-}
-
-bool ModalShown(Program &p) { return p.ask(QStringLiteral("modal")) != QLatin1String("none"); }
-
 // No box may come up by itself in the next while (a key release that leaked would open one).
 void ExpectNoBoxComes(Program &p, const char *when)
 {
     QThread::msleep(700);
     EXPECT_EQ(p.ask(QStringLiteral("modal")), QStringLiteral("none")) << when;
-}
-
-// A sample file of pairs, written as the program writes one.
-void WriteSample(const QString &path, int pairs)
-{
-    QFile f(path);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    QByteArray text = "[RTDINFO]\r\nVanes=3\r\nAttempts=4\r\nDataItems=" + QByteArray::number(pairs) +
-                      "\r\nSample=1\r\n[DATA]\r\n";
-    for (int i = 1; i <= pairs; ++i)
-        text += "Data" + QByteArray::number(i) + "=0." + QByteArray::number(300 + i) + ",0." +
-                QByteArray::number(500 + i) + "\r\n";
-    f.write(text);
-}
-
-// Opens a file of the documents folder through the toolbar and the file dialog, by keys.
-void OpenByKeys(Program &p, const QString &name)
-{
-    p.click(ToolbarButton(p, QStringLiteral("Open")));
-    ASSERT_TRUE(p.waitUntil([&] { return ModalShown(p); })) << "no file dialog";
-    p.type(p.documents() + QStringLiteral("/") + name + QStringLiteral(".rtd")); // the dialog starts in the program's folder
-    p.key("Return");
-    ASSERT_TRUE(p.waitUntil([&] { return !ModalShown(p); }));
 }
 
 void RecordOneResult(Program &p)
@@ -69,11 +30,11 @@ void RecordOneResult(Program &p)
         ASSERT_TRUE(p.fire(TimerVisualPop));
         ASSERT_TRUE(p.waitUntil([&] { return p.ask(QStringLiteral("tag ucGifPlayer1_0")) == QLatin1String("1"); }));
         p.click(QStringLiteral("ucGifPlayer1_0"));
-        ASSERT_TRUE(p.waitUntil([&] { return Lines(p, QStringLiteral("cl1")) == attempt + 1; }));
+        ASSERT_TRUE(p.waitUntil([&] { return p.lines(QStringLiteral("cl1")) == attempt + 1; }));
     }
     ASSERT_TRUE(p.waitUntil([&] { return p.control(QStringLiteral("GlossButton1_0")).visible; }));
     p.click(QStringLiteral("GlossButton1_0"));
-    ASSERT_TRUE(p.waitUntil([&] { return Lines(p, QStringLiteral("cl2")) == 1; }));
+    ASSERT_TRUE(p.waitUntil([&] { return p.lines(QStringLiteral("cl2")) == 1; }));
 }
 
 } // namespace
@@ -85,8 +46,8 @@ TEST(DataJourney, SaveOverwriteAndOpenAnsweredByKeys)
     RecordOneResult(p);
     const QString saved = p.documents() + QStringLiteral("/class1.rtd");
 
-    p.click(ToolbarButton(p, QStringLiteral("Save")));
-    ASSERT_TRUE(p.waitUntil([&] { return ModalShown(p); })) << "no save dialog";
+    p.click(p.toolbarButton(QStringLiteral("Save")));
+    ASSERT_TRUE(p.waitUntil([&] { return p.modalShown(); })) << "no save dialog";
     p.shot(QStringLiteral("save_dialog"));
     p.type(p.documents() + QStringLiteral("/class1"));
     p.key("Return");
@@ -96,8 +57,8 @@ TEST(DataJourney, SaveOverwriteAndOpenAnsweredByKeys)
     EXPECT_TRUE(first.contains("DataItems=1\r\n"));
 
     // The same name again: the overwrite question, answered Yes by Enter.
-    p.click(ToolbarButton(p, QStringLiteral("Save")));
-    ASSERT_TRUE(p.waitUntil([&] { return ModalShown(p); }));
+    p.click(p.toolbarButton(QStringLiteral("Save")));
+    ASSERT_TRUE(p.waitUntil([&] { return p.modalShown(); }));
     p.type(p.documents() + QStringLiteral("/class1"));
     p.key("Return");
     QString box;
@@ -105,15 +66,15 @@ TEST(DataJourney, SaveOverwriteAndOpenAnsweredByKeys)
         << qPrintable(box);
     p.shot(QStringLiteral("file_exist_question"));
     p.key("Return");
-    ASSERT_TRUE(p.waitUntil([&] { return !ModalShown(p); }));
+    ASSERT_TRUE(p.waitUntil([&] { return !p.modalShown(); }));
     ExpectNoBoxComes(p, "after Yes was given by Enter");
     EXPECT_TRUE(QFileInfo::exists(saved));
 
     // Clear, then open what was saved: the saved data ask no question.
-    p.click(ToolbarButton(p, QStringLiteral("Clear")));
-    ASSERT_TRUE(p.waitUntil([&] { return Lines(p, QStringLiteral("cl2")) == 0; }));
-    OpenByKeys(p, QStringLiteral("class1"));
-    ASSERT_TRUE(p.waitUntil([&] { return Lines(p, QStringLiteral("cl2")) == 1; }));
+    p.click(p.toolbarButton(QStringLiteral("Clear")));
+    ASSERT_TRUE(p.waitUntil([&] { return p.lines(QStringLiteral("cl2")) == 0; }));
+    ASSERT_TRUE(p.openByKeys(p.documents() + QStringLiteral("/class1.rtd")));
+    ASSERT_TRUE(p.waitUntil([&] { return p.lines(QStringLiteral("cl2")) == 1; }));
     ExpectNoBoxComes(p, "after the open dialog closed by Enter");
 }
 
@@ -126,22 +87,22 @@ TEST(DataJourney, EnterThatClosesAMessageDoesNotPressTheButtonBehind)
     ASSERT_TRUE(p.waitUntil([&] { return p.ask(QStringLiteral("modal")).endsWith(QLatin1String("No Time Selected")); }));
     p.shot(QStringLiteral("no_time_selected"));
     p.key("Return");
-    ASSERT_TRUE(p.waitUntil([&] { return !ModalShown(p); }));
+    ASSERT_TRUE(p.waitUntil([&] { return !p.modalShown(); }));
     ExpectNoBoxComes(p, "Enter's release reached the Remove button");
     // Enter pressed on the button itself still presses it.
     p.key("Return");
-    ASSERT_TRUE(p.waitUntil([&] { return ModalShown(p); }));
+    ASSERT_TRUE(p.waitUntil([&] { return p.modalShown(); }));
     p.key("Escape");
-    ASSERT_TRUE(p.waitUntil([&] { return !ModalShown(p); }));
+    ASSERT_TRUE(p.waitUntil([&] { return !p.modalShown(); }));
 }
 
 TEST(DataJourney, FortyPairsScrollAsOneTable)
 {
     Program p;
     ASSERT_TRUE(p.started());
-    WriteSample(p.documents() + QStringLiteral("/forty.rtd"), 40);
-    OpenByKeys(p, QStringLiteral("forty"));
-    ASSERT_TRUE(p.waitUntil([&] { return Lines(p, QStringLiteral("cl2")) == 40 && Lines(p, QStringLiteral("CL4")) == 40; }));
+    ASSERT_TRUE(WriteSample(p.documents() + QStringLiteral("/forty.rtd"), 40));
+    ASSERT_TRUE(p.openByKeys(p.documents() + QStringLiteral("/forty.rtd")));
+    ASSERT_TRUE(p.waitUntil([&] { return p.lines(QStringLiteral("cl2")) == 40 && p.lines(QStringLiteral("CL4")) == 40; }));
     for (const char *list : {"cl2", "CL4"}) {
         const QString name = QString::fromLatin1(list);
         const QPoint at = p.control(name).centre();

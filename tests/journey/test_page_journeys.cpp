@@ -13,41 +13,6 @@ namespace {
 
 constexpr int TimerVisualPop = 20482;
 
-int Lines(Program &p, const QString &list)
-{
-    const QString items = p.text(list);
-    return items.isEmpty() ? 0 : static_cast<int>(items.split(QLatin1Char('|')).size());
-}
-
-QPoint ToolbarButton(Program &p, const QString &key)
-{
-    const QStringList parts = p.ask(QStringLiteral("button ") + key).split(QLatin1Char(' '));
-    return parts.size() < 4 ? QPoint() : QRect(parts[0].toInt(), parts[1].toInt(), parts[2].toInt(), parts[3].toInt()).center();
-}
-
-bool ModalShown(Program &p) { return p.ask(QStringLiteral("modal")) != QLatin1String("none"); }
-
-void WriteSample(const QString &path, int pairs)
-{
-    QFile f(path);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    QByteArray text = "[RTDINFO]\r\nVanes=3\r\nAttempts=4\r\nDataItems=" + QByteArray::number(pairs) +
-                      "\r\nSample=1\r\n[DATA]\r\n";
-    for (int i = 1; i <= pairs; ++i)
-        text += "Data" + QByteArray::number(i) + "=0." + QByteArray::number(300 + 7 * i) + ",0." +
-                QByteArray::number(500 + 5 * i) + "\r\n";
-    f.write(text);
-}
-
-void OpenByKeys(Program &p, const QString &name)
-{
-    p.click(ToolbarButton(p, QStringLiteral("Open")));
-    ASSERT_TRUE(p.waitUntil([&] { return ModalShown(p); })) << "no file dialog";
-    p.type(p.documents() + QStringLiteral("/") + name + QStringLiteral(".rtd")); // the dialog starts in the program's folder
-    p.key("Return");
-    ASSERT_TRUE(p.waitUntil([&] { return !ModalShown(p); }));
-}
-
 // The stage above the band: no pixel of it may change while nothing is asked of it.
 void ExpectStageAtRest(Program &p, const char *when)
 {
@@ -68,13 +33,13 @@ TEST(PageJourney, CharactersRestAfterEveryReturnToRecord)
 {
     Program p;
     ASSERT_TRUE(p.started());
-    WriteSample(p.documents() + QStringLiteral("/twenty.rtd"), 20);
-    OpenByKeys(p, QStringLiteral("twenty"));
-    ASSERT_TRUE(p.waitUntil([&] { return Lines(p, QStringLiteral("cl2")) == 20; }));
+    ASSERT_TRUE(WriteSample(p.documents() + QStringLiteral("/twenty.rtd"), 20, 300, 7, 500, 5));
+    ASSERT_TRUE(p.openByKeys(p.documents() + QStringLiteral("/twenty.rtd")));
+    ASSERT_TRUE(p.waitUntil([&] { return p.lines(QStringLiteral("cl2")) == 20; }));
     for (const char *page : {"Averages", "Groups", "Compare"}) {
-        p.click(ToolbarButton(p, QString::fromLatin1(page)));
+        p.click(p.toolbarButton(QString::fromLatin1(page)));
         ASSERT_TRUE(p.waitUntil([&] { return !p.control(QStringLiteral("P3")).visible; })) << page;
-        p.click(ToolbarButton(p, QStringLiteral("Record")));
+        p.click(p.toolbarButton(QStringLiteral("Record")));
         ASSERT_TRUE(p.waitUntil([&] { return p.control(QStringLiteral("P3")).visible; })) << page;
         ExpectStageAtRest(p, page);
     }
@@ -85,16 +50,16 @@ TEST(PageJourney, AfterOpenThePageButtonOpensItsPage)
 {
     Program p;
     ASSERT_TRUE(p.started());
-    WriteSample(p.documents() + QStringLiteral("/twenty.rtd"), 20);
-    WriteSample(p.documents() + QStringLiteral("/more.rtd"), 24);
-    OpenByKeys(p, QStringLiteral("twenty"));
-    p.click(ToolbarButton(p, QStringLiteral("Averages")));
+    ASSERT_TRUE(WriteSample(p.documents() + QStringLiteral("/twenty.rtd"), 20, 300, 7, 500, 5));
+    ASSERT_TRUE(WriteSample(p.documents() + QStringLiteral("/more.rtd"), 24, 300, 7, 500, 5));
+    ASSERT_TRUE(p.openByKeys(p.documents() + QStringLiteral("/twenty.rtd")));
+    p.click(p.toolbarButton(QStringLiteral("Averages")));
     ASSERT_TRUE(p.waitUntil([&] { return p.control(QStringLiteral("p4_0")).visible; }));
     // Opening another sample falls back to Record; the next press on Averages opens Averages.
-    OpenByKeys(p, QStringLiteral("more"));
-    ASSERT_TRUE(p.waitUntil([&] { return Lines(p, QStringLiteral("cl2")) == 24; }));
+    ASSERT_TRUE(p.openByKeys(p.documents() + QStringLiteral("/more.rtd")));
+    ASSERT_TRUE(p.waitUntil([&] { return p.lines(QStringLiteral("cl2")) == 24; }));
     ASSERT_TRUE(p.waitUntil([&] { return p.control(QStringLiteral("P3")).visible; }));
-    p.click(ToolbarButton(p, QStringLiteral("Averages")));
+    p.click(p.toolbarButton(QStringLiteral("Averages")));
     ASSERT_TRUE(p.waitUntil([&] { return p.control(QStringLiteral("p4_0")).visible; }))
         << "the first press went back to Record";
     EXPECT_FALSE(p.control(QStringLiteral("P3")).visible);
@@ -107,9 +72,9 @@ TEST(PageJourney, AudioStageNeverStandsOverAnAnalysisPage)
     options.sound = true;
     Program p(options);
     ASSERT_TRUE(p.started());
-    WriteSample(p.documents() + QStringLiteral("/twenty.rtd"), 20);
-    OpenByKeys(p, QStringLiteral("twenty"));
-    ASSERT_TRUE(p.waitUntil([&] { return Lines(p, QStringLiteral("cl2")) == 20; }));
+    ASSERT_TRUE(WriteSample(p.documents() + QStringLiteral("/twenty.rtd"), 20, 300, 7, 500, 5));
+    ASSERT_TRUE(p.openByKeys(p.documents() + QStringLiteral("/twenty.rtd")));
+    ASSERT_TRUE(p.waitUntil([&] { return p.lines(QStringLiteral("cl2")) == 20; }));
     // A visual run hands over to the audio stage, which is left mid-way for a page.
     p.click(QStringLiteral("command1"));
     for (int attempt = 0; attempt < 4; ++attempt) {
@@ -117,11 +82,11 @@ TEST(PageJourney, AudioStageNeverStandsOverAnAnalysisPage)
         ASSERT_TRUE(p.fire(TimerVisualPop));
         ASSERT_TRUE(p.waitUntil([&] { return p.ask(QStringLiteral("tag ucGifPlayer1_0")) == QLatin1String("1"); }));
         p.click(QStringLiteral("ucGifPlayer1_0"));
-        ASSERT_TRUE(p.waitUntil([&] { return Lines(p, QStringLiteral("cl1")) == attempt + 1; }));
+        ASSERT_TRUE(p.waitUntil([&] { return p.lines(QStringLiteral("cl1")) == attempt + 1; }));
     }
     ASSERT_TRUE(p.waitUntil([&] { return p.control(QStringLiteral("P5")).visible; }));
     for (const char *page : {"Averages", "Compare"}) {
-        p.click(ToolbarButton(p, QString::fromLatin1(page)));
+        p.click(p.toolbarButton(QString::fromLatin1(page)));
         ASSERT_TRUE(p.waitUntil([&] { return !p.control(QStringLiteral("P3")).visible; })) << page;
         EXPECT_FALSE(p.control(QStringLiteral("P5")).visible) << page;
         // Not a pixel of the stage's curtain over the page.
@@ -129,7 +94,7 @@ TEST(PageJourney, AudioStageNeverStandsOverAnAnalysisPage)
         EXPECT_LT(CountNear(shown, qRgb(200, 30, 40), 40), 1000) << page; // the curtain alone is tens of thousands
     }
     p.shot(QStringLiteral("compare_over_audio_stage"));
-    p.click(ToolbarButton(p, QStringLiteral("Record")));
+    p.click(p.toolbarButton(QStringLiteral("Record")));
     ASSERT_TRUE(p.waitUntil([&] { return p.control(QStringLiteral("P3")).visible; }));
     EXPECT_TRUE(p.control(QStringLiteral("P5")).visible) << "the stage comes back with its page";
 }

@@ -48,12 +48,6 @@ QString RisenCharacter(Program &p)
     return {};
 }
 
-int Lines(Program &p, const QString &list)
-{
-    const QString items = p.text(list);
-    return items.isEmpty() ? 0 : static_cast<int>(items.split(QLatin1Char('|')).size());
-}
-
 // One attempt: the pop, then a press on the risen character after `waitMs`.
 void PopAndPress(Program &p, int waitMs = 0)
 {
@@ -64,9 +58,9 @@ void PopAndPress(Program &p, int waitMs = 0)
     ASSERT_EQ(p.ask(QStringLiteral("frame ") + risen).section(QLatin1Char(' '), 0, 0), QStringLiteral("3"));
     if (waitMs > 0)
         QThread::msleep(static_cast<unsigned long>(waitMs));
-    const int before = Lines(p, QStringLiteral("cl1"));
+    const int before = p.lines(QStringLiteral("cl1"));
     p.click(p.control(risen).centre());
-    ASSERT_TRUE(p.waitUntil([&] { return Lines(p, QStringLiteral("cl1")) == before + 1; }));
+    ASSERT_TRUE(p.waitUntil([&] { return p.lines(QStringLiteral("cl1")) == before + 1; }));
 }
 
 void UntickPairs(Program &p)
@@ -96,7 +90,7 @@ TEST(RecordJourney, VisualRunAtStartSizeEndsWithAdd)
     ExpectWholeAndApart(p, QStringLiteral("P3"), kRecordBand, QStringLiteral("finished"));
     EXPECT_TRUE(p.text(QStringLiteral("Label3")).startsWith(QLatin1String("Average Reaction time ")));
     p.click(QStringLiteral("GlossButton1_0"));
-    ASSERT_TRUE(p.waitUntil([&] { return Lines(p, QStringLiteral("cl2")) == 1; }));
+    ASSERT_TRUE(p.waitUntil([&] { return p.lines(QStringLiteral("cl2")) == 1; }));
     EXPECT_EQ(p.text(QStringLiteral("Label5")), QStringLiteral("Data Collected: (1)"));
     EXPECT_FALSE(p.control(QStringLiteral("GlossButton1_0")).visible);
     EXPECT_TRUE(p.control(QStringLiteral("command1")).enabled);
@@ -125,8 +119,8 @@ TEST(RecordJourney, TooSlowRunEndsWithCancelAtEverySize)
     // Cancel is the only way on, and it is there to be pressed.
     p.click(QStringLiteral("GlossButton1_1"));
     ASSERT_TRUE(p.waitUntil([&] { return p.control(QStringLiteral("command1")).enabled; }));
-    EXPECT_EQ(Lines(p, QStringLiteral("cl1")), 0);
-    EXPECT_EQ(Lines(p, QStringLiteral("cl2")), 0);
+    EXPECT_EQ(p.lines(QStringLiteral("cl1")), 0);
+    EXPECT_EQ(p.lines(QStringLiteral("cl2")), 0);
 }
 
 TEST(RecordJourney, PairedRunPlaysTheCueAndAddsBothTimes)
@@ -159,7 +153,7 @@ TEST(RecordJourney, PairedRunPlaysTheCueAndAddsBothTimes)
             EXPECT_GT(p.soundHeard(3000), 300) << "the cue must sound until the press";
         }
         p.click(QStringLiteral("ucgif"));
-        ASSERT_TRUE(p.waitUntil([&] { return Lines(p, QStringLiteral("cl5")) == attempt + 1; }));
+        ASSERT_TRUE(p.waitUntil([&] { return p.lines(QStringLiteral("cl5")) == attempt + 1; }));
         if (attempt == 0) {
             const int after = p.soundHeard(3000);
             EXPECT_GE(after, 0) << "nothing was recorded";
@@ -170,8 +164,8 @@ TEST(RecordJourney, PairedRunPlaysTheCueAndAddsBothTimes)
     p.shot(QStringLiteral("audio_run_finished"));
     ExpectWholeAndApart(p, QStringLiteral("P5"), kAudioBand, QStringLiteral("audio finished"));
     p.click(QStringLiteral("cmdadd_0"));
-    ASSERT_TRUE(p.waitUntil([&] { return Lines(p, QStringLiteral("CL4")) == 1; }));
-    EXPECT_EQ(Lines(p, QStringLiteral("cl2")), 1);
+    ASSERT_TRUE(p.waitUntil([&] { return p.lines(QStringLiteral("CL4")) == 1; }));
+    EXPECT_EQ(p.lines(QStringLiteral("cl2")), 1);
     EXPECT_FALSE(p.control(QStringLiteral("P5")).visible);
 }
 
@@ -191,7 +185,7 @@ TEST(RecordJourney, NoSoundOutputIsToldAndOnlyCancelRemains)
     EXPECT_FALSE(p.control(QStringLiteral("GlossButton1_0")).enabled);
     p.click(QStringLiteral("GlossButton1_1"));
     ASSERT_TRUE(p.waitUntil([&] { return p.control(QStringLiteral("command1")).enabled; }));
-    EXPECT_EQ(Lines(p, QStringLiteral("cl2")), 0);
+    EXPECT_EQ(p.lines(QStringLiteral("cl2")), 0);
 }
 
 TEST(RecordJourney, CharactersRestWhileNoRunGoesOn)

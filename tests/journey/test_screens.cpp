@@ -13,35 +13,6 @@ using namespace journey;
 
 namespace {
 
-QPoint ToolbarButton(Program &p, const QString &key)
-{
-    const QStringList parts = p.ask(QStringLiteral("button ") + key).split(QLatin1Char(' '));
-    return parts.size() < 4 ? QPoint() : QRect(parts[0].toInt(), parts[1].toInt(), parts[2].toInt(), parts[3].toInt()).center();
-}
-
-QPoint Tab(Program &p, const QString &strip, int index)
-{
-    const QStringList parts = p.ask(QStringLiteral("tab %1 %2").arg(strip).arg(index)).split(QLatin1Char(' '));
-    return parts.size() < 2 ? QPoint() : QPoint(parts[0].toInt(), parts[1].toInt());
-}
-
-bool ModalShown(Program &p) { return p.ask(QStringLiteral("modal")) != QLatin1String("none"); }
-
-// Twenty pairs spread as a class's would be.
-void WriteClass(const QString &path)
-{
-    static const char *pairs[] = {"0.31,0.27", "0.42,0.35", "0.38,0.41", "0.29,0.25", "0.51,0.44",
-                                  "0.36,0.33", "0.45,0.47", "0.33,0.29", "0.4,0.38",  "0.62,0.51",
-                                  "0.35,0.31", "0.47,0.39", "0.3,0.28",  "0.39,0.36", "0.55,0.48",
-                                  "0.34,0.3",  "0.43,0.4",  "0.37,0.32", "0.49,0.45", "0.41,0.34"};
-    QFile f(path);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    QByteArray text = "[RTDINFO]\r\nVanes=3\r\nAttempts=4\r\nDataItems=20\r\nSample=1\r\n[DATA]\r\n";
-    for (int i = 0; i < 20; ++i)
-        text += "Data" + QByteArray::number(i + 1) + "=" + pairs[i] + "\r\n";
-    f.write(text);
-}
-
 struct Scene {
     const char *page, *strip;
     int tab;
@@ -69,20 +40,20 @@ void TakeEveryTab(Program &p, const QString &suffix, bool firstPass)
     for (const Scene &s : kScenes) {
         const QString page = QString::fromLatin1(s.page);
         if (shown != page) {
-            p.click(ToolbarButton(p, page));
+            p.click(p.toolbarButton(page));
             ASSERT_TRUE(p.waitUntil([&] { return !p.control(QStringLiteral("P3")).visible; })) << s.page;
             shown = page;
         }
-        p.click(Tab(p, QString::fromLatin1(s.strip), s.tab));
+        p.click(p.tab(QString::fromLatin1(s.strip), s.tab));
         const Control button = p.control(QString::fromLatin1(s.button));
         ASSERT_TRUE(p.waitUntil([&] { return p.control(QString::fromLatin1(s.button)).visible; })) << s.name;
         // Once shown, a drawing stays; a second pass presses only what is not shown yet.
         if (firstPass || p.text(QString::fromLatin1(s.button)).startsWith(QLatin1String("Show")))
             p.click(button.centre());
         // A question may open a balloon; the picture is of the page.
-        if (ModalShown(p)) {
+        if (p.modalShown()) {
             p.key("Return");
-            p.waitUntil([&] { return !ModalShown(p); });
+            p.waitUntil([&] { return !p.modalShown(); });
         }
         p.settle(300);
         p.shot(QString::fromLatin1(s.name) + suffix);
@@ -131,14 +102,12 @@ TEST(Screens, EveryAnalysisTabAtStartSizeAndLarge)
 {
     Program p;
     ASSERT_TRUE(p.started());
-    WriteClass(p.documents() + QStringLiteral("/class.rtd"));
-    p.click(ToolbarButton(p, QStringLiteral("Open")));
-    ASSERT_TRUE(p.waitUntil([&] { return ModalShown(p); }));
-    p.type(p.documents() + QStringLiteral("/class.rtd"));
-    p.key("Return");
+    const QString path = p.documents() + QStringLiteral("/class.rtd");
+    ASSERT_TRUE(WriteClass(path));
+    ASSERT_TRUE(p.openByKeys(path));
     ASSERT_TRUE(p.waitUntil([&] { return p.text(QStringLiteral("Label5")) == QLatin1String("Data Collected: (20)"); }));
     TakeEveryTab(p, QString(), true);
-    p.click(ToolbarButton(p, QStringLiteral("Record")));
+    p.click(p.toolbarButton(QStringLiteral("Record")));
     p.resizeWindow(1280, 1024);
     TakeEveryTab(p, QStringLiteral("_large"), false);
 }
