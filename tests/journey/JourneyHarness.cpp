@@ -5,6 +5,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QSet>
 #include <QThread>
 
 #include <X11/XKBlib.h>
@@ -14,6 +15,7 @@
 #include <X11/keysym.h>
 
 #include <cstdlib>
+#include <sys/stat.h>
 
 namespace journey {
 
@@ -226,11 +228,19 @@ Program::Program(const Options &options)
         return;
     QDir(m_home.path()).mkpath(QStringLiteral("Documents"));
     QDir(m_home.path()).mkpath(QStringLiteral("runtime"));
-    if (!options.settingsBytes.isEmpty() || !options.settings.isEmpty()) {
+    if (!options.settingsBytes.isEmpty() || !options.settings.isEmpty() || !options.soundFiles.isEmpty()) {
         QFile ini(documents() + QStringLiteral("/Zorvanes.ini"));
+        QByteArray bytes = options.settingsBytes.isEmpty() ? options.settings.toUtf8() : options.settingsBytes;
+        if (!options.soundFiles.isEmpty()) {
+            bytes += "[Settings]\r\n";
+            for (int i = 0; i < options.soundFiles.size(); ++i)
+                bytes += "SOUND" + QByteArray::number(i + 1) + "=" + options.soundFiles[i].toUtf8() + "\r\n";
+        }
         if (ini.open(QIODevice::WriteOnly))
-            ini.write(options.settingsBytes.isEmpty() ? options.settings.toUtf8() : options.settingsBytes);
+            ini.write(bytes);
     }
+    if (options.settingsIsPipe)
+        ::mkfifo(QFile::encodeName(documents() + QStringLiteral("/Zorvanes.ini")).constData(), 0600);
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
     env.insert(QStringLiteral("DISPLAY"), display.name());
     env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
@@ -253,9 +263,52 @@ Program::Program(const Options &options)
     m_process.start();
     if (!m_process.waitForStarted(10000))
         return;
+    waitForTheMainWindow();
     // Ready when the probe answers and the window is on the screen.
     m_started = waitUntil([this] { return control(QStringLiteral("MainFrm")).visible; }, 20000);
     settle(300);
+}
+
+// Watches the X server until the main window is mapped: the probe only answers once it exists.
+// A box shown before it (a start-up message) is answered with Enter, as a pupil would.
+void Program::waitForTheMainWindow()
+{
+    ::Display *d = X(Display::instance().xdisplay());
+    QElapsedTimer clock;
+    clock.start();
+    QSet<unsigned long> answered;
+    while (clock.elapsed() < 20000 && m_process.state() == QProcess::Running) {
+        Window root = 0, parent = 0, *children = nullptr;
+        unsigned int count = 0;
+        XSync(d, False);
+        if (XQueryTree(d, DefaultRootWindow(d), &root, &parent, &children, &count)) {
+            for (unsigned int i = 0; i < count; ++i) {
+                XWindowAttributes a;
+                if (!XGetWindowAttributes(d, children[i], &a) || a.map_state != IsViewable || a.override_redirect ||
+                    a.width < 60 || a.height < 40)
+                    continue;
+                if (m_firstWindowMs < 0)
+                    m_firstWindowMs = clock.elapsed();
+                if (a.width >= 780) {
+                    XFree(children);
+                    return;
+                }
+                if (!answered.contains(children[i])) {
+                    answered.insert(children[i]);
+                    ++m_startupBoxes;
+                    moveTo(QPoint(a.x + a.width / 2, a.y + 6));
+                    Pause(100);
+                    const KeyCode code = XKeysymToKeycode(d, XK_Return);
+                    XTestFakeKeyEvent(d, code, True, CurrentTime);
+                    XTestFakeKeyEvent(d, code, False, CurrentTime);
+                    XSync(d, False);
+                }
+            }
+            if (children)
+                XFree(children);
+        }
+        Pause(30);
+    }
 }
 
 Program::~Program()

@@ -61,6 +61,8 @@ struct Options {
     bool sound = false;           // start a sound server with a silent sink
     QString settings;             // Zorvanes.ini content to place in the documents folder
     QByteArray settingsBytes;     // the same as raw bytes, when set
+    QStringList soundFiles;       // SOUND1.. entries to add to the settings
+    bool settingsIsPipe = false;  // a named pipe stands where the settings file belongs
 };
 
 class Program {
@@ -68,6 +70,10 @@ public:
     explicit Program(const Options &options = {});
     ~Program();
     bool started() const { return m_started; }
+    // Milliseconds from the start to the first window on the screen (a box or the main window),
+    // and the boxes shown before the main window, each answered with Enter.
+    qint64 firstWindowMs() const { return m_firstWindowMs; }
+    int startupBoxes() const { return m_startupBoxes; }
     QString home() const { return m_home.path(); }
     QString documents() const { return m_home.path() + QStringLiteral("/Documents"); }
 
@@ -112,6 +118,9 @@ public:
 
 private:
     void pointAtModal();
+    void waitForTheMainWindow();
+    qint64 m_firstWindowMs = -1;
+    int m_startupBoxes = 0;
 
     QTemporaryDir m_home;
     std::unique_ptr<SoundServer> m_sound;
