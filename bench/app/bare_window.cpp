@@ -2,28 +2,11 @@
 // Qt Multimedia, as the program does. With ZRT_EXIT_AFTER_FIRST_PAINT set it ends once its first
 // paint is done, so that whole processes can be timed against each other.
 
+#include "app/FirstPaintQuits.h"
+
 #include <QApplication>
 #include <QAudioFormat>
 #include <QLabel>
-
-namespace {
-
-class FirstPaintQuits : public QObject {
-protected:
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint && !m_done) {
-            m_done = true;
-            QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
-        }
-        return false;
-    }
-
-private:
-    bool m_done = false;
-};
-
-} // namespace
 
 int main(int argc, char *argv[])
 {

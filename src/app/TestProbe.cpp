@@ -92,10 +92,6 @@ QString TestProbe::answer(const QString &line)
         return QStringLiteral("ok");
     if (verb == QLatin1String("fire") && words.size() == 2)
         return m_window->timers().fire(words[1].toInt()) ? QStringLiteral("ok") : QStringLiteral("error not armed");
-    if (verb == QLatin1String("arm") && words.size() == 3) {
-        m_window->timers().SetTimer(words[1].toInt(), words[2].toInt());
-        return QStringLiteral("ok");
-    }
     if (verb == QLatin1String("armed") && words.size() == 2)
         return m_window->timers().isArmed(words[1].toInt()) ? QStringLiteral("ok 1") : QStringLiteral("ok 0");
     if (verb == QLatin1String("rnd")) {

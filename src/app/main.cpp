@@ -1,3 +1,4 @@
+#include "app/FirstPaintQuits.h"
 #include "app/MainFrm.h"
 #include "app/MainMod1.h"
 #include "app/TestProbe.h"
@@ -5,27 +6,6 @@
 #include <QApplication>
 #include <QIcon>
 #include <QMessageBox>
-
-namespace {
-
-// For the start-up benchmark only: ZRT_EXIT_AFTER_FIRST_PAINT ends the program once its window
-// has painted for the first time.
-class FirstPaintQuits : public QObject {
-protected:
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint && !m_done) {
-            m_done = true;
-            QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
-        }
-        return false;
-    }
-
-private:
-    bool m_done = false;
-};
-
-} // namespace
 
 int main(int argc, char *argv[])
 {

@@ -181,7 +181,6 @@ int SoundServer::audibleMilliseconds(int lastMs)
     const QString file = m_address.mid(5) + QStringLiteral(".rec");
     QFile::remove(file);
     rec.setStandardOutputFile(file);
-    rec.setStandardErrorFile(file + QStringLiteral(".err"));
     rec.start(QStringLiteral("parec"), {QStringLiteral("-d"), QStringLiteral("zrt.monitor"), QStringLiteral("--raw"),
                                         QStringLiteral("--format=s16le"), QStringLiteral("--rate=8000"),
                                         QStringLiteral("--channels=1"), QStringLiteral("--latency-msec=10")});
@@ -198,12 +197,6 @@ int SoundServer::audibleMilliseconds(int lastMs)
         rec.kill();
     QFile recorded(file);
     const QByteArray data = recorded.open(QIODevice::ReadOnly) ? recorded.readAll() : QByteArray();
-    if (qEnvironmentVariableIsSet("ZRT_JOURNEY_DEBUG"))
-        {
-        QFile err(file + QStringLiteral(".err"));
-        err.open(QIODevice::ReadOnly);
-        qWarning("recorded %lld bytes: %s exit %d status %d server %s", static_cast<long long>(data.size()), err.readAll().constData(), rec.exitCode(), int(rec.exitStatus()), qPrintable(m_address));
-    }
     if (data.isEmpty())
         return -1; // nothing recorded at all: the test can't tell silence from a deaf recorder
     const auto *samples = reinterpret_cast<const qint16 *>(data.constData());
