@@ -1,5 +1,5 @@
 #include "ucGifPlayer.h"
-#include "toolbar/EventCodes.h"
+#include "gfx/EventCodes.h"
 
 #include "anim/GifEncoder.h"
 #include "common/NumberText.h"

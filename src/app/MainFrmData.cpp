@@ -3,7 +3,7 @@
 #include "app/MainFrm.h"
 
 #include "app/MainMod1.h"
-#include "app/MsgBox.h"
+#include "dialogs/MsgBox.h"
 #include "app/PagePanel.h"
 #include "anim/ucGifPlayer.h"
 #include "common/NumberText.h"

@@ -2,7 +2,7 @@
 // A plain container of the main window: a back colour, optionally a picture drawn at its top
 // left corner or a gradient over its whole area, and a Resize notice for the layout rules.
 
-#include "toolbar/GraphicsBas1.h"
+#include "gfx/GraphicsBas1.h"
 
 #include <QImage>
 #include <QWidget>

@@ -6,7 +6,7 @@
 // cell, so the face's ascent plus descent fills it; the face "Ariel" resolves to the installed
 // Arial-metric family.
 
-#include "toolbar/GraphicsBas1.h"
+#include "gfx/GraphicsBas1.h"
 
 #include <QFont>
 #include <QRect>

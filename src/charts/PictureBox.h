@@ -13,7 +13,7 @@
 // Cls and every chart's end ask for a repaint, so what is drawn is on screen at the next paint
 // without waiting for something else to expose the surface.
 
-#include "toolbar/GraphicsBas1.h"
+#include "gfx/GraphicsBas1.h"
 
 #include <QFont>
 #include <QImage>

@@ -1,5 +1,5 @@
 #include "controls/Check.h"
-#include "toolbar/EventCodes.h"
+#include "gfx/EventCodes.h"
 
 #include <QApplication>
 #include <QCursor>

@@ -3,7 +3,7 @@
 // twelve looks drawn in code, with a caption beside it. The value moves on the press, the
 // Click comes with the release, and the hot look is kept by polling the pointer.
 
-#include "toolbar/GraphicsBas1.h"
+#include "gfx/GraphicsBas1.h"
 
 #include <QImage>
 #include <QPixmap>

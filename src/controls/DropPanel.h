@@ -3,7 +3,7 @@
 // like a small drop-down: with OpenOn 1 it opens when the pointer moves over it, and a timer
 // folds it again once the pointer has left. Heights are kept in twips (15 per pixel).
 
-#include "toolbar/GraphicsBas1.h"
+#include "gfx/GraphicsBas1.h"
 
 #include <QPixmap>
 #include <QString>

@@ -1,8 +1,8 @@
 #include "controls/GlossButton.h"
-#include "toolbar/EventCodes.h"
+#include "gfx/EventCodes.h"
 
 #include "common/RunTimeError.h"
-#include "toolbar/MessageEngine.h"
+#include "gfx/MessageEngine.h"
 
 #include <QBuffer>
 #include <QEnterEvent>

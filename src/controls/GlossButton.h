@@ -5,7 +5,7 @@
 // styles cut the widget to their shape. Hover comes from the message engine's enter and leave.
 
 #include "controls/GlossButtonRegion.h"
-#include "toolbar/GraphicsBas1.h"
+#include "gfx/GraphicsBas1.h"
 
 #include <QImage>
 #include <QPixmap>

@@ -1,5 +1,5 @@
 #include "controls/RowList.h"
-#include "toolbar/EventCodes.h"
+#include "gfx/EventCodes.h"
 
 #include "common/RunTimeError.h"
 

@@ -4,7 +4,7 @@
 // seven looks for a selected row, a keyboard table, drag selection with auto-scroll, a string
 // sort, a substring search and in-place editing. Bad item indices raise run-time error 381.
 
-#include "toolbar/GraphicsBas1.h"
+#include "gfx/GraphicsBas1.h"
 
 #include <QFont>
 #include <QImage>

@@ -3,7 +3,7 @@
 // container shows through beside and above the tabs. It holds no pages: the container answers
 // Click(Index) by showing its own panel.
 
-#include "toolbar/GraphicsBas1.h"
+#include "gfx/GraphicsBas1.h"
 
 #include <QImage>
 #include <QRegion>

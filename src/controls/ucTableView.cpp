@@ -1,7 +1,7 @@
 #include "controls/ucTableView.h"
-#include "toolbar/EventCodes.h"
+#include "gfx/EventCodes.h"
 
-#include "toolbar/MessageEngine.h"
+#include "gfx/MessageEngine.h"
 
 #include <QApplication>
 #include <QHeaderView>

@@ -3,7 +3,7 @@
 // item states, the list's style switches, and its events as signals. Nothing works before
 // Initialize: setters do nothing and getters give 0, false or an empty text.
 
-#include "toolbar/GraphicsBas1.h"
+#include "gfx/GraphicsBas1.h"
 
 #include <QIcon>
 #include <QPixmap>

@@ -11,7 +11,7 @@
 
 #include "dialogs/BalloonShape.h"
 #include "dialogs/DialogButton.h"
-#include "toolbar/GraphicsBas1.h"
+#include "gfx/GraphicsBas1.h"
 
 #include <QDialog>
 #include <QString>

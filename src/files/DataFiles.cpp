@@ -3,7 +3,7 @@
 #include "app/MainFrm.h"
 
 #include "app/MainMod1.h"
-#include "app/MsgBox.h"
+#include "dialogs/MsgBox.h"
 #include "common/NumberText.h"
 #include "controls/Check.h"
 #include "controls/DropPanel.h"

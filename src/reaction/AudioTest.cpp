@@ -10,7 +10,7 @@
 #include "common/RunTimeError.h"
 #include "controls/GlossButton.h"
 #include "controls/RowList.h"
-#include "app/MsgBox.h"
+#include "dialogs/MsgBox.h"
 #include "dialogs/MsgBoxes.h"
 #include "reaction/SoundBas.h"
 #include "reaction/mStopWatch.h"

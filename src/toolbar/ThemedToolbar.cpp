@@ -1,8 +1,8 @@
 #include "toolbar/ThemedToolbar.h"
-#include "toolbar/EventCodes.h"
+#include "gfx/EventCodes.h"
 
 #include "common/RunTimeError.h"
-#include "toolbar/MessageEngine.h"
+#include "gfx/MessageEngine.h"
 #include "toolbar/ToolbarDialogs.h"
 #include "toolbar/ToolbarMenu.h"
 #include "toolbar/ToolbarPainting.h"

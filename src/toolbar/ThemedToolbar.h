@@ -3,7 +3,7 @@
 // (PicLeft), the button surface (PicTB), an end area (PicRight) that opens the menu and the
 // overflow pop-up (picChevron) for the buttons that do not fit. Buttons are numbered from 1.
 
-#include "toolbar/GraphicsBas1.h"
+#include "gfx/GraphicsBas1.h"
 #include "toolbar/ToolbarButton.h"
 #include "toolbar/ToolbarTheme.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 // One button of the themed toolbar and the layout that places the buttons on the bar.
 
-#include "toolbar/GraphicsBas1.h"
+#include "gfx/GraphicsBas1.h"
 
 #include <QFont>
 #include <QImage>

@@ -2,7 +2,7 @@
 // The common dialogs the toolbar offers its clients: colour, file to open and font. Each runs
 // through a replaceable runner so that a test can answer the dialog instead of a person.
 
-#include "toolbar/GraphicsBas1.h"
+#include "gfx/GraphicsBas1.h"
 
 #include <QFont>
 #include <QString>

@@ -2,7 +2,7 @@
 // The toolbar's colour schemes. The bar never asks the platform for colours: it knows a fixed
 // table of schemes, each copying the look of one desktop theme, and only asks which theme is on.
 
-#include "toolbar/GraphicsBas1.h"
+#include "gfx/GraphicsBas1.h"
 
 #include <QString>
 

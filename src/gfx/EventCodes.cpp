@@ -1,4 +1,4 @@
-#include "toolbar/EventCodes.h"
+#include "gfx/EventCodes.h"
 
 namespace zrt {
 

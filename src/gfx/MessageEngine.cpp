@@ -1,4 +1,4 @@
-#include "toolbar/MessageEngine.h"
+#include "gfx/MessageEngine.h"
 
 #include <QEvent>
 #include <QMessageBox>

@@ -1,4 +1,4 @@
-#include "toolbar/GraphicsBas1.h"
+#include "gfx/GraphicsBas1.h"
 
 #include <QGuiApplication>
 #include <QPainter>

@@ -1,4 +1,4 @@
-#include "app/MsgBox.h"
+#include "dialogs/MsgBox.h"
 
 #include <QMessageBox>
 
