@@ -52,9 +52,9 @@ zrt::CollectedLists sample(int n)
     char buf[32];
     for (int i = 0; i < n; ++i) {
         std::snprintf(buf, sizeof buf, "%.5f", visual(rng));
-        l.cl2.emplace_back(buf);
+        l.visual.emplace_back(buf);
         std::snprintf(buf, sizeof buf, "%.5f", audio(rng));
-        l.CL4.emplace_back(buf);
+        l.audio.emplace_back(buf);
     }
     return l;
 }

@@ -42,7 +42,7 @@ QString RisenCharacter(Program &p)
 {
     for (int i = 0; i < 5; ++i) {
         const QString name = QStringLiteral("ucGifPlayer1_%1").arg(i);
-        if (p.ask(QStringLiteral("tag ") + name) == QLatin1String("1"))
+        if (p.ask(QStringLiteral("risen ") + name) == QLatin1String("1"))
             return name;
     }
     return {};
@@ -148,7 +148,7 @@ TEST(RecordJourney, PairedRunPlaysTheCueAndAddsBothTimes)
     ASSERT_TRUE(p.waitUntil([&] { return !p.control(QStringLiteral("cmdStartAudio")).enabled; }));
     for (int attempt = 0; attempt < 4; ++attempt) {
         ASSERT_TRUE(p.fire(TimerAudioCue));
-        ASSERT_TRUE(p.waitUntil([&] { return p.ask(QStringLiteral("tag ucgif")) == QLatin1String("1"); }));
+        ASSERT_TRUE(p.waitUntil([&] { return p.ask(QStringLiteral("risen ucgif")) == QLatin1String("1"); }));
         if (attempt == 0) {
             EXPECT_GT(p.soundHeard(3000), 300) << "the cue must sound until the press";
         }

@@ -25,21 +25,21 @@ void averagesSection(const CollectedLists &lists, const ReportOptions &o, Analys
 {
     const AveragesInput in{lists, o.precision, o.sorted ? 1 : 0, o.audio ? 0 : 1};
     const AveragesAnswer a = Get_Averages(in, state);
-    out << "t1\t" << withoutLineEnd(a.t1) << '\n';
+    out << "t1\t" << withoutLineEnd(a.dataText) << '\n';
     if (a.outcome != AveragesAnswer::Outcome::Analysed)
         return;
-    out << "l8\t" << withoutLineEnd(a.l8) << '\n';
-    for (size_t i = 0; i < a.cmd1Tags.size(); ++i)
-        out << kCmd1Captions[i] << '\t' << a.cmd1Tags[i] << '\n';
-    for (size_t i = 0; i < a.cmd2Tags.size(); ++i)
-        out << kCmd2Captions[i] << '\t' << a.cmd2Tags[i] << '\n';
+    out << "l8\t" << withoutLineEnd(a.sampleSizeText) << '\n';
+    for (size_t i = 0; i < a.summaryAnswers.size(); ++i)
+        out << kCmd1Captions[i] << '\t' << a.summaryAnswers[i] << '\n';
+    for (size_t i = 0; i < a.spreadAnswers.size(); ++i)
+        out << kCmd2Captions[i] << '\t' << a.spreadAnswers[i] << '\n';
 }
 
 void groupsSection(const CollectedLists &lists, const ReportOptions &o, AnalysisState &state, std::ostream &out)
 {
     const GroupedInput in{lists, o.sorted ? 1 : 0, o.audio ? 0 : 1};
     const GroupedAnswer a = Get_Grouped_Data(in, state);
-    out << "t4\t" << withoutLineEnd(a.t4) << '\n';
+    out << "t4\t" << withoutLineEnd(a.dataText) << '\n';
     if (!a.analysed)
         return;
     const ClassTable table = BuildClassTable(state.GroupedData);
@@ -53,14 +53,14 @@ void groupsSection(const CollectedLists &lists, const ReportOptions &o, Analysis
 void compareSection(const CollectedLists &lists, AnalysisState &state, std::ostream &out)
 {
     const CompareAnswer a = Get_Compare_Data(lists, state);
-    out << "Text1\t" << withoutLineEnd(a.text1) << '\n';
+    out << "Text1\t" << withoutLineEnd(a.pairsText) << '\n';
     if (!a.analysed)
         return;
     for (const auto &row : a.table.rowTexts())
         out << row[0] << '\t' << row[1] << '\t' << row[2] << '\t' << row[3] << '\t' << row[4] << '\t' << row[5]
             << '\n';
-    out << "ld\t" << a.table.ld << '\n';
-    out << "lbSR\t" << a.table.lbSR << '\n';
+    out << "ld\t" << a.table.squaredDifferencesText << '\n';
+    out << "lbSR\t" << a.table.coefficientText << '\n';
 }
 
 // Runs one section; its lines up to a failure are kept, the rest of it is left out.
