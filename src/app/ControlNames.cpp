@@ -67,6 +67,7 @@ void MainFrm::nameControls()
     Name(P3->List2, QStringLiteral("List2"));
     NameArray(P2->Check5, QStringLiteral("Check5"));
     Name(P3->Check4, QStringLiteral("Check4"));
+    Name(P3->CheckSpace, QStringLiteral("CheckSpace"));
     Name(P3->dd1, QStringLiteral("dd1"));
     Name(P3->DD2, QStringLiteral("DD2"));
     NameArray(P3->ucGifPlayer1, QStringLiteral("ucGifPlayer1"));

@@ -11,12 +11,14 @@
 #include "controls/RowList.h"
 #include "dialogs/AboutFrm.h"
 #include "dialogs/MsgBox.h"
+#include "files/REGbas1.h"
 #include "reaction/SoundBas.h"
 #include "toolbar/ThemedToolbar.h"
 
 #include <QCloseEvent>
 #include <QLabel>
 #include <QPainter>
+#include <QShortcut>
 #include <QThread>
 #include <QTimer>
 
@@ -32,6 +34,9 @@ constexpr int kLeftColumnWidthTw = 2595;
 // The toolbar's check buttons of the pages, by their place on the bar.
 constexpr int kRecordButton = 5;
 constexpr int ButtonOf(Page page) { return page == Page::Record ? kRecordButton : 6 + static_cast<int>(page); }
+// The settings file's key of the space bar setting.
+constexpr const char *kSpaceBarKey = "SpaceBar";
+
 constexpr std::array<Page, 3> kAnalysisPages = {Page::Averages, Page::Groups, Page::Compare};
 
 } // namespace
@@ -77,6 +82,7 @@ void MainFrm::Form_Load()
     P3->List2->setListIndex(0);
 
     buildToolbar();
+    buildShortcuts();
     Ptoolbar->setFixedHeight(ThemedToolbar1->height());
     for (auto *page : p4)
         page->setBackColor(MainMod1::PanelColour);
@@ -120,6 +126,18 @@ void MainFrm::buildPages()
     compare = new ComparePage(m_context, analysis, *P2, m_client, page);
     p4 = {averages, groups, compare};
 
+    // The space bar setting is the pupil's own and is kept in the settings file.
+    P3->setRespondWithSpace(REGbas1::ReadIniString("Settings", kSpaceBarKey, "0", 255,
+                                                   MainMod1::SettingsFile.toStdString()) == "1");
+    connect(P3, &RecordPage::spaceSettingChanged, this, [this](bool on) {
+        const zrt::FileWrite written = REGbas1::WriteIniValue("Settings", kSpaceBarKey, on ? "1" : "0",
+                                                              MainMod1::SettingsFile.toStdString());
+        if (!written.ok)
+            MsgBox(this,
+                   QStringLiteral("The setting could not be kept in ") + MainMod1::SettingsFile + QStringLiteral(" (") +
+                       QString::fromStdString(written.reason) + QStringLiteral(").\nIt holds until the program ends."),
+                   vbExclamation, QStringLiteral("Settings Not Saved"));
+    });
     connect(P2, &DataColumn::countChanged, this, [this] { Label5_Change(); });
     connect(P2, &DataColumn::choiceChanged, this, [this] { Refresh_Data(); });
     connect(averages, &AveragesPage::sortChanged, this, [this] { Refresh_Data(); });
@@ -173,6 +191,37 @@ void MainFrm::buildToolbar()
         if (item == 1)
             zrt::AboutFrm::ShowAbout(QStringLiteral(ZRT_VERSION), this);
     });
+}
+
+void MainFrm::buildShortcuts()
+{
+    // The toolbar's buttons by key, as a press on them would do; a page key on the page already
+    // shown leaves it shown.
+    const std::pair<QKeySequence, QString> keys[] = {
+        {QKeySequence(Qt::CTRL | Qt::Key_O), QStringLiteral("Open")},
+        {QKeySequence(Qt::CTRL | Qt::Key_S), QStringLiteral("Save")},
+        {QKeySequence(Qt::CTRL | Qt::Key_N), QStringLiteral("Clear")},
+    };
+    for (const auto &[sequence, key] : keys) {
+        auto *shortcut = new QShortcut(sequence, this);
+        connect(shortcut, &QShortcut::activated, this, [this, key] { ClickToolbarButton(key); });
+    }
+    const std::pair<Qt::Key, Page> pageKeys[] = {
+        {Qt::Key_1, Page::Record}, {Qt::Key_2, Page::Averages}, {Qt::Key_3, Page::Groups}, {Qt::Key_4, Page::Compare}};
+    for (const auto &[digit, page] : pageKeys) {
+        auto *shortcut = new QShortcut(QKeySequence(Qt::CTRL | digit), this);
+        connect(shortcut, &QShortcut::activated, this, [this, page] { choosePage(page); });
+    }
+    auto *about = new QShortcut(QKeySequence(Qt::Key_F1), this);
+    connect(about, &QShortcut::activated, this, [this] { zrt::AboutFrm::ShowAbout(QStringLiteral(ZRT_VERSION), this); });
+}
+
+void MainFrm::choosePage(Page page)
+{
+    if (pageChosen(page) && (page != Page::Record || P3->isVisible()))
+        return;
+    static const char *const keys[] = {"Record", "Averages", "Groups", "Compare"};
+    ClickToolbarButton(QString::fromLatin1(keys[static_cast<int>(page)]));
 }
 
 // ---------------------------------------------------------------- resize rule
@@ -362,9 +411,25 @@ void MainFrm::Open_Data()
     const std::optional<zrt::OpenedFile> opened =
         zrt::OpenData(this, P2->count() > 0 && !P2->DataSaved, P3->List1->ListCount(), P3->List2->ListCount(),
                       dataFilePlaces(), &PageContext::pump);
-    if (!opened)
-        return;
-    const zrt::RtdContent &content = opened->content;
+    if (opened)
+        showOpenedFile(*opened);
+}
+
+void MainFrm::openFile(const QString &path)
+{
+    guarded([this, &path] {
+        const std::optional<zrt::OpenedFile> opened =
+            zrt::ReadDataFile(this, path, P3->List1->ListCount(), P3->List2->ListCount());
+        if (!opened)
+            return;
+        showOpenedFile(*opened);
+        Refresh_Data();
+    });
+}
+
+void MainFrm::showOpenedFile(const zrt::OpenedFile &opened)
+{
+    const zrt::RtdContent &content = opened.content;
     P2->Clear();
     P3->Check4->setValue(content.paired() ? 1 : 0);
     if (content.vanesListIndex)
@@ -372,7 +437,7 @@ void MainFrm::Open_Data()
     if (content.attemptsListIndex)
         P3->List2->setListIndex(*content.attemptsListIndex);
     P2->showOpened(content);
-    zrt::RememberOpenedFolder(this, opened->path, dataFilePlaces());
+    zrt::RememberOpenedFolder(this, opened.path, dataFilePlaces());
     P2->DataSaved = true;
     P3->Settings_Enabled(false);
     P2->SetDataCount();

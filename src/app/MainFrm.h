@@ -62,6 +62,8 @@ public:
     void ToolbarButtonClick(const QString &key);
     void ClickToolbarButton(const QString &key); // a press on the bar's button of that key
     bool pageChosen(Page page) const;
+    // The page's key (Ctrl+1..4): as a press on its button, unless the page is shown already.
+    void choosePage(Page page);
     void Stop_All_Timers();
     void Label5_Change();
     void Refresh_Data();
@@ -70,6 +72,8 @@ public:
     // ---- Data files and the collected data ----
     void Open_Data();
     void Save_Data();
+    // A file given on the command line: opened as Open opens the chosen file.
+    void openFile(const QString &path);
     void Clear_Data();
 
 protected:
@@ -82,7 +86,9 @@ private:
     void nameControls();
     void buildToolbarStrip();
     void buildToolbar();
+    void buildShortcuts();
     void buildPages();
+    void showOpenedFile(const zrt::OpenedFile &opened);
     void Form_Resize();
     void showRecordPage();
     void showAnalysisPage(Page page);

@@ -122,6 +122,11 @@ std::optional<OpenedFile> OpenData(QWidget *owner, bool unsavedData, int vanesIt
     pump();
     if (!REGbas1::FileExists(Utf8(path)))
         return std::nullopt;
+    return ReadDataFile(owner, path, vanesItems, attemptsItems);
+}
+
+std::optional<OpenedFile> ReadDataFile(QWidget *owner, const QString &path, int vanesItems, int attemptsItems)
+{
     // Everything is read and checked first: a file that can't be read, or a bad value
     // (run-time error 381 or an overflow), ends the open with the collected data as they were.
     IniDocument doc;

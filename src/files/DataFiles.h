@@ -40,6 +40,10 @@ struct OpenedFile {
 std::optional<OpenedFile> OpenData(QWidget *owner, bool unsavedData, int vanesItems, int attemptsItems,
                                    const DataFilePlaces &places, const Pump &pump);
 
+// Reads and checks the file at `path` as Open does after its dialog (a file given on the command
+// line comes this way). Nothing when it could not be used; the reason has been told.
+std::optional<OpenedFile> ReadDataFile(QWidget *owner, const QString &path, int vanesItems, int attemptsItems);
+
 // Remembers the folder of the opened file; a failure to write the settings file is told.
 void RememberOpenedFolder(QWidget *owner, const QString &path, const DataFilePlaces &places);
 

@@ -118,8 +118,12 @@ void AudioStage::P5_Resize()
 
 void AudioStage::open(const QString &visualMean)
 {
-    l9->setText(QStringLiteral("Average reaction time ") + "\n" + QStringLiteral("Visual: ") + visualMean +
-                QStringLiteral(" seconds"));
+    // Times answered by key are told apart from those answered by mouse, in the heading, so the
+    // verdict's lines below keep their form.
+    const QString heading = m_record.respondsWithSpace()
+                                ? QStringLiteral("Average reaction time ") + QString::fromLatin1(kSpaceBarNote)
+                                : QStringLiteral("Average reaction time ");
+    l9->setText(heading + "\n" + QStringLiteral("Visual: ") + visualMean + QStringLiteral(" seconds"));
     l9->show();
     show();
     raise();
@@ -160,6 +164,8 @@ void AudioStage::cmdStartAudio_Click()
     m_context.timers.SetTimer(TimerAudioIdle, 2500);
     StartAudioDelay();
     cmdStartAudio->setEnabled(false);
+    m_audioRunning = true;
+    m_record.updateSpaceKey();
 }
 
 void AudioStage::AudioCue()
@@ -213,6 +219,8 @@ void AudioStage::ucgif_MouseDown()
         m_context.timers.SetTimer(TimerWalker, m_context.chance.wholeBetween(6, 4) * 1000);
         return;
     }
+    m_audioRunning = false;
+    m_record.updateSpaceKey();
     run.finish(zrt::Sense::Audio);
     showVerdict(QString::fromStdString(zrt::GeneralText(run.mean(zrt::Sense::Audio))));
     m_context.timers.KillTimer(TimerAudioIdle);

@@ -41,6 +41,8 @@ public:
     bool WalkerBusy = false;
 
     bool cueSounding() const { return m_cueSounding; }
+    // From Start until the last answer of the audio test.
+    bool audioRunning() const { return m_audioRunning; }
     IdleNod idleNod() const { return m_idleNod; }
 
     // Shown for the second half of a pair, with the visual mean in the verdict.
@@ -68,5 +70,6 @@ private:
     DataColumn &m_column;
     RecordPage &m_record;
     bool m_cueSounding = false;
+    bool m_audioRunning = false;
     IdleNod m_idleNod = IdleNod::Off;
 };

@@ -19,6 +19,9 @@ class PictureBox;
 class ShapedTabs;
 } // namespace zrt
 
+// Beside a result answered with the space bar.
+inline constexpr const char *kSpaceBarNote = "(by space bar)";
+
 namespace pages {
 
 QLabel *NewLabel(QWidget *parent, const QString &text, const QRect &geometry, bool wrap = false);

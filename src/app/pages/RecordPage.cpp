@@ -15,6 +15,7 @@
 #include "reaction/mStopWatch.h"
 
 #include <QLabel>
+#include <QShortcut>
 
 #include <algorithm>
 
@@ -136,7 +137,25 @@ void RecordPage::buildSettingsPanel()
     Check4->setValue(1);
     Check4->setBackColor(zrt::ToOleColor(pSettings->backColor()));
     connect(Check4, &zrt::Check::Click, this, [this] { m_context.guard([this] { m_column.Check4_Click(); }); });
-    const int width = std::max(listLeft + kSettingsListWidth, kSettingsMargin + checkWidth) + kSettingsMargin;
+    CheckSpace = new zrt::Check(pSettings);
+    CheckSpace->setCaption(QStringLiteral("Respond with the space bar"));
+    QFont small = CheckSpace->font();
+    small.setPointSizeF(small.pointSizeF() * 0.9);
+    CheckSpace->setFont(small);
+    const int spaceWidth = CheckSpace->fontMetrics().horizontalAdvance(QStringLiteral("Respond with the space bar")) + 28;
+    CheckSpace->setGeometry(kSettingsMargin, 3 * kSettingsRowHeight + 2, spaceWidth, 20);
+    CheckSpace->setValue(0);
+    CheckSpace->setBackColor(zrt::ToOleColor(pSettings->backColor()));
+    connect(CheckSpace, &zrt::Check::Click, this, [this] { Q_EMIT spaceSettingChanged(respondsWithSpace()); });
+    // The lists drop down over the check boxes below them.
+    dd1->raise();
+    DD2->raise();
+    m_spaceKey = new QShortcut(QKeySequence(Qt::Key_Space), this);
+    m_spaceKey->setContext(Qt::WindowShortcut);
+    m_spaceKey->setEnabled(false);
+    connect(m_spaceKey, &QShortcut::activated, this, [this] { m_context.guard([this] { spaceResponse(); }); });
+    const int width = std::max({listLeft + kSettingsListWidth, kSettingsMargin + checkWidth, kSettingsMargin + spaceWidth}) +
+                      kSettingsMargin;
     pSettings->setGeometry(0, kSettingsTop, width, kPageHeight - kSettingsTop);
 }
 
@@ -182,6 +201,35 @@ void RecordPage::layoutRunColumn(int inner)
 // ---------------------------------------------------------------- settings
 
 bool RecordPage::paired() const { return Check4->Value() == 1; }
+
+bool RecordPage::respondsWithSpace() const { return CheckSpace->Value() == 1; }
+
+void RecordPage::setRespondWithSpace(bool on)
+{
+    CheckSpace->setValue(on ? 1 : 0);
+    updateSpaceKey();
+}
+
+void RecordPage::updateSpaceKey()
+{
+    m_spaceKey->setEnabled(respondsWithSpace() && (m_visualRunning || P5->audioRunning()));
+}
+
+void RecordPage::spaceResponse()
+{
+    if (P5->audioRunning()) {
+        P5->ucgif_MouseDown();
+        return;
+    }
+    if (!m_visualRunning)
+        return;
+    // The risen character if there is one; else a press on the first, which is a false start.
+    int index = 0;
+    for (size_t i = 0; i < m_states.size(); ++i)
+        if (m_states[i] == CharacterState::Risen)
+            index = static_cast<int>(i);
+    ucGifPlayer1_MouseDown(index);
+}
 
 int RecordPage::AttemptsWanted() const { return static_cast<int>(zrt::Val(DD2->Title().toStdString())); }
 
@@ -276,6 +324,8 @@ void RecordPage::command1_Click()
     run.begin(zrt::Sense::Visual, AttemptsWanted());
     StartVisualDelay();
     command1->setEnabled(false);
+    m_visualRunning = true;
+    updateSpaceKey();
 }
 
 void RecordPage::StartVisualDelay()
@@ -342,6 +392,8 @@ void RecordPage::ucGifPlayer1_MouseDown(int index)
         StartVisualDelay();
         return;
     }
+    m_visualRunning = false;
+    updateSpaceKey();
     const QString mean = QString::fromStdString(zrt::GeneralText(run.finish(zrt::Sense::Visual)));
     showVerdict(mean, run.tooSlow(zrt::Sense::Visual));
     if (paired() && GlossButton1[0]->isEnabled()) {
@@ -357,12 +409,13 @@ void RecordPage::ucGifPlayer1_MouseDown(int index)
 
 void RecordPage::showVerdict(const QString &mean, bool tooSlow)
 {
-    if (tooSlow) {
-        Label3->setText(QStringLiteral("Average Reaction time ") + mean + QStringLiteral(" seconds") + "\n" +
-                        QStringLiteral("Far too slow please try again!"));
-    } else {
-        Label3->setText(QStringLiteral("Average Reaction time ") + mean + QStringLiteral(" seconds"));
-    }
+    QString verdict = QStringLiteral("Average Reaction time ") + mean + QStringLiteral(" seconds");
+    if (tooSlow)
+        verdict += "\n" + QStringLiteral("Far too slow please try again!");
+    // Times answered by key are told apart from those answered by mouse.
+    if (respondsWithSpace())
+        verdict += "\n" + QString::fromLatin1(kSpaceBarNote);
+    Label3->setText(verdict);
     command1->setEnabled(!tooSlow);
     GlossButton1[0]->setEnabled(!tooSlow);
     Label3->show();

@@ -14,6 +14,7 @@
 #include <vector>
 
 class QLabel;
+class QShortcut;
 class AudioStage;
 class DataColumn;
 struct PageContext;
@@ -41,6 +42,7 @@ public:
     PagePanel *pSettings = nullptr;
     zrt::DropPanel *dd1 = nullptr, *DD2 = nullptr;
     zrt::Check *Check4 = nullptr;
+    zrt::Check *CheckSpace = nullptr; // "Respond with the space bar"
     std::vector<zrt::ucGifPlayer *> ucGifPlayer1;
     AudioStage *P5 = nullptr;
 
@@ -50,6 +52,14 @@ public:
 
     CharacterState characterState(int index) const { return m_states.at(static_cast<size_t>(index)); }
     bool paired() const;
+    // Whether a press of the space bar answers the tests (for a pupil who can't use a mouse).
+    bool respondsWithSpace() const;
+    void setRespondWithSpace(bool on);
+    // The space bar is armed only while a test waits for an answer, so everywhere else it works
+    // the focused control as usual.
+    void updateSpaceKey();
+    // The space bar pressed during a test: as a press on the risen character or the target.
+    void spaceResponse();
     int AttemptsWanted() const; // the number in DD2's title
 
     // ---- The visual test ----
@@ -70,6 +80,10 @@ public:
     void resetSettings();
     void BuildCharacterRow();
 
+Q_SIGNALS:
+    // The pupil changed the space bar setting.
+    void spaceSettingChanged(bool on);
+
 private:
     void build();
     void buildSettingsPanel();
@@ -83,5 +97,7 @@ private:
     PageContext &m_context;
     DataColumn &m_column;
     std::vector<CharacterState> m_states;
+    bool m_visualRunning = false;
+    QShortcut *m_spaceKey = nullptr;
     QByteArray m_character1, m_character2;
 };
