@@ -132,6 +132,13 @@ QString TestProbe::answer(const QString &line)
         return modal ? QStringLiteral("ok ") + Rect(modal) + QStringLiteral(" ") + Line(modal->windowTitle())
                      : QStringLiteral("ok none");
     }
+    if (verb == QLatin1String("focus")) {
+        // The named control that has the keyboard focus (or holds the focused part).
+        for (QWidget *w = QApplication::focusWidget(); w; w = w->parentWidget())
+            if (!w->objectName().isEmpty())
+                return QStringLiteral("ok ") + w->objectName();
+        return QStringLiteral("ok none");
+    }
     if (verb == QLatin1String("state")) {
         return QStringLiteral("ok attempts=%1 saved=%2 walker=%3")
             .arg(m_window->P3->run.attemptCount())

@@ -84,9 +84,8 @@ void RecordPage::build()
     Label2 = pages::NewLabel(this, QStringLiteral("Reaction Times:"), QRect(kListLeft, kRunTop, kListWidth, 18), true);
     cl1 = new zrt::RowList(this);
     cl1->setGeometry(kListLeft, kListTop, kListWidth, tw(1710));
-    // Lines of the verdict: the mean may wrap, and the too-slow warning adds one.
-    Label3->resize(Label3->width(), Label3->fontMetrics().lineSpacing() * 3 + 4);
     buildSettingsPanel();
+    sizeVerdict();
     connect(this, &PagePanel::Resize, this, [this] { m_context.guard([this] { P3_Resize(); }); });
 
     P5 = new AudioStage(m_context, m_column, *this);
@@ -146,7 +145,10 @@ void RecordPage::buildSettingsPanel()
     CheckSpace->setGeometry(kSettingsMargin, 3 * kSettingsRowHeight + 2, spaceWidth, 20);
     CheckSpace->setValue(0);
     CheckSpace->setBackColor(zrt::ToOleColor(pSettings->backColor()));
-    connect(CheckSpace, &zrt::Check::Click, this, [this] { Q_EMIT spaceSettingChanged(respondsWithSpace()); });
+    connect(CheckSpace, &zrt::Check::Click, this, [this] {
+        spaceSettingShown();
+        Q_EMIT spaceSettingChanged(respondsWithSpace());
+    });
     // The lists drop down over the check boxes below them.
     dd1->raise();
     DD2->raise();
@@ -172,6 +174,14 @@ void RecordPage::P3_Resize()
 // Start, the verdict and the two result buttons stand in the middle of the page (Add under
 // Start, Cancel beside it) while that leaves them clear of the list on the left and the settings
 // on the right; on a narrower page they keep their order, centred in the room between the two.
+void RecordPage::sizeVerdict()
+{
+    // Lines of the verdict: the mean may wrap, the too-slow warning adds one, and so does the
+    // note of an answer by the space bar.
+    const int lines = respondsWithSpace() ? 4 : 3;
+    Label3->resize(Label3->width(), Label3->fontMetrics().lineSpacing() * lines + 4);
+}
+
 void RecordPage::layoutRunColumn(int inner)
 {
     const int roomLeft = cl1->x() + cl1->width() + kGap;
@@ -207,6 +217,13 @@ bool RecordPage::respondsWithSpace() const { return CheckSpace->Value() == 1; }
 void RecordPage::setRespondWithSpace(bool on)
 {
     CheckSpace->setValue(on ? 1 : 0);
+    spaceSettingShown();
+}
+
+void RecordPage::spaceSettingShown()
+{
+    sizeVerdict();
+    layoutRunColumn(width());
     updateSpaceKey();
 }
 

@@ -89,6 +89,8 @@ private:
     void buildSettingsPanel();
     void P3_Resize();
     void layoutRunColumn(int inner);
+    void sizeVerdict();
+    void spaceSettingShown();
     void showVerdict(const QString &mean, bool tooSlow);
     void openAudioStage(const QString &mean);
     zrt::ucGifPlayer *newCharacter(const QByteArray &gif);
