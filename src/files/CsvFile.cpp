@@ -136,17 +136,18 @@ bool valueLike(std::string_view s)
 // The item text of one value, or the problem with it.
 std::optional<std::string> readValue(std::string_view field, char separator, size_t column, std::string &problem)
 {
-    const std::string where = std::string(" in the ") + columnName(column) + " column";
+    // Only a bad value pays for its message.
+    auto where = [column] { return std::string(" in the ") + columnName(column) + " column"; };
     if (field.empty()) {
-        problem = "no value" + where;
+        problem = "no value" + where();
         return std::nullopt;
     }
     const bool commaMark = separator != ',';
     if (!looksNumeric(field, commaMark)) {
         if (!commaMark && looksNumeric(field, true))
-            problem = shown(field) + where + " has a decimal comma; in a file separated by commas use a full stop";
+            problem = shown(field) + where() + " has a decimal comma; in a file separated by commas use a full stop";
         else
-            problem = shown(field) + where + " is not a number";
+            problem = shown(field) + where() + " is not a number";
         return std::nullopt;
     }
     std::string text(field);
@@ -159,15 +160,15 @@ std::optional<std::string> readValue(std::string_view field, char separator, siz
     double value = 0;
     const auto res = std::from_chars(digits.data(), digits.data() + digits.size(), value);
     if (res.ec == std::errc() && value < 0) {
-        problem = shown(field) + where + " is negative; a reaction time is above 0 seconds";
+        problem = shown(field) + where() + " is negative; a reaction time is above 0 seconds";
         return std::nullopt;
     }
     if (res.ec == std::errc() && value == 0) {
-        problem = shown(field) + where + " is 0; a reaction time is above 0 seconds";
+        problem = shown(field) + where() + " is 0; a reaction time is above 0 seconds";
         return std::nullopt;
     }
     if (res.ec != std::errc() || !std::isfinite(value) || value > kMaxImportSeconds) {
-        problem = shown(field) + where + " is out of range for a reaction time (above 0, at most " +
+        problem = shown(field) + where() + " is out of range for a reaction time (above 0, at most " +
                   GeneralText(kMaxImportSeconds) + " seconds)";
         return std::nullopt;
     }
