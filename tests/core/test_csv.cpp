@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <random>
@@ -317,4 +318,49 @@ TEST(ClassFile, RefusesAFileOfTheOtherKindOrOneThatCannotBeRead)
     big.lists.cl2.assign(kMaxSampleItems, "0.3");
     EXPECT_EQ(AppendSample({{"0.3"}, {}}, false, big).message,
               "Together the samples would hold 32768 results; a sample holds at most 32767.");
+}
+
+// Whatever the bytes, the import either gives a whole sample of valid times or nothing and at
+// least one problem; lines named are lines of the file.
+TEST(CsvImport, ArbitraryBytesGiveAWholeSampleOrNothing)
+{
+    std::mt19937 random(1616);
+    const std::string alphabet = "0123456789.,;\t\"\r\n -+eE xNa\xEF\xBB\xBF";
+    std::uniform_int_distribution<size_t> pick(0, alphabet.size() - 1), length(0, 80);
+    std::uniform_int_distribution<int> byte(0, 255), coin(0, 3);
+    int wholeSamples = 0;
+    for (int round = 0; round < 3000; ++round) {
+        std::string text;
+        const size_t n = length(random);
+        for (size_t i = 0; i < n; ++i)
+            text.push_back(coin(random) == 0 ? static_cast<char>(byte(random)) : alphabet[pick(random)]);
+        if (round % 3 == 0)
+            text = "visual,audio\n0.3,0.4\n" + text; // a good start, so that some files are whole
+        const CsvImport r = ParseCsv(text);
+        const int lines = static_cast<int>(std::count(text.begin(), text.end(), '\n') +
+                                           std::count(text.begin(), text.end(), '\r')) + 1;
+        if (r.ok()) {
+            ++wholeSamples;
+            ASSERT_FALSE(r.lists.cl2.empty()) << text;
+            if (r.paired)
+                ASSERT_EQ(r.lists.CL4.size(), r.lists.cl2.size()) << text;
+            else
+                ASSERT_TRUE(r.lists.CL4.empty()) << text;
+            for (const auto *list : {&r.lists.cl2, &r.lists.CL4})
+                for (const std::string &item : *list) {
+                    const double v = CDbl(item);
+                    ASSERT_GT(v, 0) << text;
+                    ASSERT_LE(v, kMaxImportSeconds) << text;
+                    ASSERT_EQ(NormaliseItem(item), item) << text;
+                }
+        } else {
+            ASSERT_TRUE(r.lists.cl2.empty() && r.lists.CL4.empty()) << text;
+            for (const CsvProblem &p : r.problems) {
+                ASSERT_GE(p.line, 0);
+                ASSERT_LE(p.line, lines) << text;
+                ASSERT_FALSE(p.message.empty());
+            }
+        }
+    }
+    EXPECT_GT(wholeSamples, 15); // the property was checked on whole samples too
 }
