@@ -23,6 +23,10 @@
 namespace zrt {
 
 inline constexpr const char *kCsvFilter = "Comma-separated values (*.csv)";
+inline constexpr const char *kCsvExportTitle = " Export the Reaction Times as:";
+inline constexpr const char *kCsvImportTitle = " Select Reaction Times to import:";
+inline constexpr const char *kClassFileTitle = " Select a pupil's file to add to the class:";
+inline constexpr const char *kClassFileFilter = "Reaction Time Data or CSV (*.rtd *.csv)";
 // A data file counts its results in 16 bits, so a sample larger than this could not be saved.
 inline constexpr int kMaxSampleItems = 32767;
 // Longer than any reaction: a run fails above 1.7 seconds.
