@@ -44,6 +44,8 @@ IniDocument BuildRtd(const CollectedLists &lists, const RtdSettings &settings)
     return doc;
 }
 
+std::string NormaliseItem(std::string_view value) { return GeneralText(Val(value)); }
+
 RtdContent ReadRtd(const IniDocument &doc, int vanesItems, int attemptsItems)
 {
     RtdContent c;
@@ -59,8 +61,8 @@ RtdContent ReadRtd(const IniDocument &doc, int vanesItems, int attemptsItems)
             const size_t comma = value.find(',');
             if (comma == std::string::npos)
                 continue;
-            c.lists.visual.push_back(GeneralText(Val(value.substr(0, comma))));
-            c.lists.audio.push_back(GeneralText(Val(value.substr(comma + 1))));
+            c.lists.visual.push_back(NormaliseItem(std::string_view(value).substr(0, comma)));
+            c.lists.audio.push_back(NormaliseItem(std::string_view(value).substr(comma + 1)));
         } else {
             c.lists.visual.push_back(std::move(value));
         }

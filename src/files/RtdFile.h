@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace zrt {
 
@@ -33,6 +34,10 @@ struct RtdContent {
     CollectedLists lists;
     bool paired() const { return sample == 1; }
 };
+
+// What reading does to a value of a pairs file, and to every imported value: the numeric parse
+// and back to the general text form, so "0.50000" becomes "0.5".
+std::string NormaliseItem(std::string_view value);
 
 // vanesItems and attemptsItems are the numbers of choices in the character list (5) and the attempts list (7): an index outside
 // them is run-time error 381; a "DataItems" beyond 16 bits is an overflow (6).
