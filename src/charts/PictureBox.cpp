@@ -1,6 +1,7 @@
 #include "charts/PictureBox.h"
 
 #include "charts/FloodFill.h"
+#include "gfx/DeviceImage.h"
 #include "common/RunTimeError.h"
 
 #include <QMouseEvent>
@@ -63,9 +64,12 @@ qint32 PictureBox::Point(double x, double y) const
 qint32 PictureBox::PixelAt(int x, int y) const
 {
     fitCanvas();
-    if (x < 0 || y < 0 || x >= m_image.width() || y >= m_image.height())
+    const QSize client = ClientSize();
+    if (x < 0 || y < 0 || x >= client.width() || y >= client.height())
         return -1;
-    return static_cast<qint32>(ToOleColor(QColor(m_image.pixel(x, y))));
+    // A logical pixel's colour is that of the first device pixel it covers.
+    const qreal dpr = m_image.devicePixelRatio();
+    return static_cast<qint32>(ToOleColor(QColor(m_image.pixel(DeviceCoord(x, dpr), DeviceCoord(y, dpr)))));
 }
 
 const QImage &PictureBox::Image() const
@@ -144,10 +148,13 @@ void PictureBox::LineTo(int x, int y)
     }
     QPainter &painter = Painter();
     painter.setPen(currentPen());
-    if (m_current == QPoint(x, y))
-        painter.drawPoint(m_current);
-    else
-        painter.drawLine(m_current, QPoint(x, y));
+    {
+        const StrokeOnPixels onPixels(painter);
+        if (m_current == QPoint(x, y))
+            painter.drawPoint(m_current);
+        else
+            painter.drawLine(m_current, QPoint(x, y));
+    }
     m_current = QPoint(x, y);
     DoneWithPainter();
 }
@@ -160,11 +167,23 @@ void PictureBox::Ellipse(int left, int top, int right, int bottom)
     const int half = m_drawWidth / 2;
     RecordMark(QRect(QPoint(left, top), QPoint(right - 1, bottom - 1)).adjusted(-half, -half, half, half));
     QPainter &painter = Painter();
-    painter.setPen(currentPen());
-    painter.setBrush(currentBrush());
     // An aliased one-pixel outline of a w x h rectangle covers w + 1 pixels: the box's right
     // and bottom edges stay outside.
-    painter.drawEllipse(QRect(left, top, right - left - 1, bottom - top - 1));
+    const QRect box(left, top, right - left - 1, bottom - top - 1);
+    if (m_image.devicePixelRatio() == 1.0) {
+        painter.setPen(currentPen());
+        painter.setBrush(currentBrush());
+        painter.drawEllipse(box);
+    } else {
+        // The inside first, then the outline on the logical pixels.
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(currentBrush());
+        painter.drawEllipse(box);
+        painter.setPen(currentPen());
+        painter.setBrush(Qt::NoBrush);
+        const StrokeOnPixels onPixels(painter);
+        painter.drawEllipse(box);
+    }
     painter.setBrush(Qt::NoBrush);
     DoneWithPainter();
 }
@@ -179,7 +198,8 @@ bool PictureBox::ExtFloodFill(int x, int y, OleColor colour, int fillType)
     // other brush paints its spans with a painter of its own.
     if (brush.style() != Qt::SolidPattern)
         EndPainting();
-    return FloodFill(m_image, x, y, TranslateColor(colour).rgb(), kind, brush);
+    const qreal dpr = m_image.devicePixelRatio();
+    return FloodFill(m_image, DeviceCoord(x, dpr), DeviceCoord(y, dpr), TranslateColor(colour).rgb(), kind, brush);
 }
 
 QFont PictureBox::SelectFont(const QFont &font)
@@ -229,10 +249,13 @@ int PictureBox::borderWidth() const { return m_borderStyle == 1 ? 2 : 0; }
 void PictureBox::fitCanvas() const
 {
     const QSize client = ClientSize();
-    if (m_image.size() == client && m_image.format() == QImage::Format_RGB32)
+    const qreal dpr = devicePixelRatioF();
+    if (FitsDevice(m_image, client, dpr) && m_image.format() == QImage::Format_RGB32)
         return;
     EndPainting();
-    QImage grown(client, QImage::Format_RGB32);
+    // Drawn at the screen's pixel ratio, so lines and letters are sharp on a scaled screen;
+    // what was drawn before a change of ratio is carried over, scaled.
+    QImage grown = DeviceImage(client, dpr, QImage::Format_RGB32);
     grown.fill(TranslateColor(m_backColor));
     if (!m_image.isNull()) {
         QPainter painter(&grown);

@@ -1,5 +1,7 @@
 #include "controls/ShapedTabs.h"
 
+#include "gfx/DeviceImage.h"
+
 #include <QEvent>
 #include <QFontMetrics>
 #include <QMouseEvent>
@@ -190,8 +192,9 @@ QRegion ShapedTabs::MakeRegion() const
 void ShapedTabs::DrawTabs(bool raiseClick)
 {
     const QSize size = this->size().expandedTo(QSize(1, 1));
-    if (m_TabStrip.size() != size)
-        m_TabStrip = QImage(size, QImage::Format_RGB32);
+    const qreal dpr = devicePixelRatioF();
+    if (!FitsDevice(m_TabStrip, size, dpr))
+        m_TabStrip = DeviceImage(size, dpr, QImage::Format_RGB32);
     m_TabStrip.fill(TranslateColor(m_ControlBackcolor));
     if (!TabCountValid()) {
         m_Silhouette = QRegion();
@@ -327,6 +330,9 @@ void ShapedTabs::mousePressEvent(QMouseEvent *event)
 
 void ShapedTabs::paintEvent(QPaintEvent *)
 {
+    // On a screen of another pixel ratio the strip is drawn again at that ratio.
+    if (!m_TabStrip.isNull() && m_TabStrip.devicePixelRatio() != devicePixelRatioF())
+        DrawTabs(false);
     QPainter p(this);
     p.drawImage(0, 0, m_TabStrip);
 }
