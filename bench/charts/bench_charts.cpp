@@ -1,6 +1,7 @@
 // A repaint of each chart, and of all of them in a row, at 30, 1,000 and 10,000 results, on
 // surfaces of a typical page size. The sorts inside the charts are quadratic, as the pages'
-// own analysis is, so the larger samples show where the time goes.
+// own analysis is, so the larger samples show where the time goes. Run with QT_SCALE_FACTOR=2
+// for a screen scaled to 200 %: the surfaces then draw at a device pixel ratio of 2.
 
 #include "charts/BoxPlots.h"
 #include "charts/CorrelationScale.h"
@@ -17,6 +18,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QImage>
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
@@ -111,6 +113,22 @@ void BM_EveryChart(benchmark::State &state)
             Charts()[i].second(*pages[i]);
 }
 
+// The surface's whole life on screen once: the box plots drawn into the retained image, then the
+// surface shown on a back buffer of the screen's pixel ratio.
+void BM_SurfaceRepaint(benchmark::State &state)
+{
+    Page page(static_cast<int>(state.range(0)));
+    const qreal dpr = page.surface.devicePixelRatioF();
+    QImage screen(page.surface.size() * dpr, QImage::Format_ARGB32_Premultiplied);
+    screen.setDevicePixelRatio(dpr);
+    for (auto _ : state) {
+        Charts().front().second(page);
+        page.surface.render(&screen);
+        benchmark::DoNotOptimize(screen.constBits());
+    }
+    state.counters["dpr"] = dpr;
+}
+
 // Writes every chart at 30, 1,000 and 10,000 results as PNG files into folder, so that two
 // builds can be compared pixel for pixel.
 int DumpImages(const QString &folder)
@@ -153,6 +171,7 @@ int main(int argc, char **argv)
             ->Arg(30)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark("BM_EveryChart", BM_EveryChart)
         ->Arg(30)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("BM_SurfaceRepaint", BM_SurfaceRepaint)->Arg(1000)->Unit(benchmark::kMillisecond);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();

@@ -1,9 +1,11 @@
-// The list at the size the collected data may reach: filling it, sorting it, scrolling through it
-// and moving the current row.
+// The list at the size the collected data may reach: filling it, sorting it, scrolling through it,
+// moving the current row and repainting it whole. Run with QT_SCALE_FACTOR=2 for a screen scaled
+// to 200 %: the rows are then drawn at a device pixel ratio of 2.
 
 #include "controls/RowList.h"
 
 #include <QApplication>
+#include <QImage>
 #include <QRandomGenerator>
 #include <QScrollBar>
 
@@ -91,12 +93,32 @@ void BM_MoveCurrentRow(benchmark::State &state)
     }
 }
 
+// A full repaint of 1,000 rows: every visible row drawn again, then the whole list shown on a
+// back buffer of the screen's pixel ratio.
+void BM_FullRepaint(benchmark::State &state)
+{
+    auto list = NewList();
+    for (const QString &text : Times(static_cast<int>(state.range(0))))
+        list->AddItem(text);
+    list->setListIndex(3);
+    const qreal dpr = list->devicePixelRatioF();
+    QImage screen(list->size() * dpr, QImage::Format_ARGB32_Premultiplied);
+    screen.setDevicePixelRatio(dpr);
+    for (auto _ : state) {
+        list->Refresh();
+        list->render(&screen);
+        benchmark::DoNotOptimize(screen.constBits());
+    }
+    state.counters["dpr"] = dpr;
+}
+
 } // namespace
 
 BENCHMARK(BM_AddItems)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Order)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_ScrollTopToBottom)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_MoveCurrentRow)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_FullRepaint)->Arg(1000)->Unit(benchmark::kMicrosecond);
 
 int main(int argc, char **argv)
 {

@@ -2,6 +2,7 @@
 #include "ucGifPlayer.h"
 
 #include "common/NumberText.h"
+#include "gfx/DeviceImage.h"
 
 #include <QPainter>
 
@@ -11,13 +12,18 @@ namespace zrt {
 
 namespace {
 
+// The pixel ratio a kept picture is built at: a picture at its own size keeps its pixels (a
+// scaled screen shows each as a block, sharp), a stretched one is smoothed at the screen's.
+qreal KeptRatio(bool smooth, qreal dpr) { return smooth ? dpr : 1.0; }
+
 // The picture as a painter with the same hint would draw it at target, on a see-through
 // ground at target's size; drawn at target's corner it gives the same pixels.
-QImage ScaledPicture(const QImage &picture, const QSize &size, bool smooth)
+QImage ScaledPicture(const QImage &picture, const QSize &size, bool smooth, qreal dpr)
 {
-    if (size == picture.size())
+    const qreal ratio = KeptRatio(smooth, dpr);
+    if (size == picture.size() && ratio == 1.0)
         return picture.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    QImage kept(size, QImage::Format_ARGB32_Premultiplied);
+    QImage kept = DeviceImage(size, ratio, QImage::Format_ARGB32_Premultiplied);
     kept.fill(Qt::transparent);
     QPainter painter(&kept);
     painter.setRenderHint(QPainter::SmoothPixmapTransform, smooth);
@@ -96,8 +102,11 @@ void ucGifPlayer::DrawComposedFrame(QPainter &painter, int frameNo, bool stretch
         // Without disposals to the background there is no mask: the canvas shows opaque.
         if (!m_plan.NeedMask)
             painter.fillRect(target, Qt::black);
-        if (m_keptCanvas.size() != target.size() || m_keptCanvasSmooth != stretched) {
-            m_keptCanvas = ScaledPicture(m_composer.Canvas(), target.size(), stretched);
+        const qreal dpr = painter.device() ? painter.device()->devicePixelRatio() : 1.0;
+        const qreal ratio = KeptRatio(stretched, dpr);
+        if (m_keptCanvas.size() != DeviceSize(target.size(), ratio) || m_keptCanvas.devicePixelRatio() != ratio
+            || m_keptCanvasSmooth != stretched) {
+            m_keptCanvas = ScaledPicture(m_composer.Canvas(), target.size(), stretched, dpr);
             m_keptCanvasSmooth = stretched;
         }
         painter.drawImage(target.topLeft(), m_keptCanvas);
@@ -133,14 +142,16 @@ void ucGifPlayer::BlitFrame(QPainter &painter, int frameNo, const QRect &target,
         kept.push_back(KeptPicture{variant, {}, false, {}});
         it = kept.end() - 1;
     }
-    if (it->image.isNull() || it->size != target.size() || it->smooth != stretched) {
+    const qreal dpr = painter.device() ? painter.device()->devicePixelRatio() : 1.0;
+    if (it->image.isNull() || it->size != target.size() || it->smooth != stretched
+        || it->image.devicePixelRatio() != KeptRatio(stretched, dpr)) {
         const GifPaletteRow &row = m_gif.GifPalettes.at(f.PaletteIndex);
         QImage picture = m_strip.Image().copy(f.StripOffset, 0, f.Width, f.Height);
         QList<QRgb> table = GifColourTable(row, variant == -2 ? f.TransparentIndex : -1);
         if (variant >= 0)
             table[variant] = 0xFF000000u;
         picture.setColorTable(table);
-        it->image = ScaledPicture(picture, target.size(), stretched);
+        it->image = ScaledPicture(picture, target.size(), stretched, dpr);
         it->size = target.size();
         it->smooth = stretched;
     }

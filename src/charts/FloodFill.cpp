@@ -72,6 +72,10 @@ public:
         if (solid || brush.style() == Qt::NoBrush)
             return;
         QPainter painter(&m_image);
+        // The spans are in the image's own pixels, whatever its device pixel ratio.
+        const qreal dpr = m_image.devicePixelRatio();
+        if (dpr != 1.0)
+            painter.scale(1.0 / dpr, 1.0 / dpr);
         for (const Span &s : m_spans)
             painter.fillRect(s.left, s.y, s.right - s.left + 1, 1, brush);
     }

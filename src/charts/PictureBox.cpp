@@ -1,6 +1,7 @@
 #include "charts/PictureBox.h"
 
 #include "charts/FloodFill.h"
+#include "gfx/DeviceImage.h"
 #include "common/RunTimeError.h"
 
 #include <QMouseEvent>
@@ -65,9 +66,12 @@ qint32 PictureBox::Point(double x, double y) const
 qint32 PictureBox::PixelAt(int x, int y) const
 {
     fitCanvas();
-    if (x < 0 || y < 0 || x >= m_image.width() || y >= m_image.height())
+    const QSize client = ClientSize();
+    if (x < 0 || y < 0 || x >= client.width() || y >= client.height())
         return -1;
-    return static_cast<qint32>(ToOleColor(QColor(m_image.pixel(x, y))));
+    // A logical pixel's colour is that of the first device pixel it covers.
+    const qreal dpr = m_image.devicePixelRatio();
+    return static_cast<qint32>(ToOleColor(QColor(m_image.pixel(DeviceCoord(x, dpr), DeviceCoord(y, dpr)))));
 }
 
 const QImage &PictureBox::Image() const
@@ -146,6 +150,7 @@ void PictureBox::LineTo(int x, int y)
     }
     auto step = [pen = currentPen(), from = m_current, to = QPoint(x, y)](QPainter &painter) {
         painter.setPen(pen);
+        const StrokeOnPixels onPixels(painter);
         if (from == to)
             painter.drawPoint(from);
         else
@@ -168,9 +173,21 @@ void PictureBox::Ellipse(int left, int top, int right, int bottom)
     // and bottom edges stay outside.
     auto step = [pen = currentPen(), brush = currentBrush(),
                  box = QRect(left, top, right - left - 1, bottom - top - 1)](QPainter &painter) {
-        painter.setPen(pen);
-        painter.setBrush(brush);
-        painter.drawEllipse(box);
+        const qreal dpr = painter.device() ? painter.device()->devicePixelRatio() : 1.0;
+        if (dpr == 1.0) {
+            painter.setPen(pen);
+            painter.setBrush(brush);
+            painter.drawEllipse(box);
+        } else {
+            // The inside first, then the outline on the logical pixels.
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(brush);
+            painter.drawEllipse(box);
+            painter.setPen(pen);
+            painter.setBrush(Qt::NoBrush);
+            const StrokeOnPixels onPixels(painter);
+            painter.drawEllipse(box);
+        }
         painter.setBrush(Qt::NoBrush);
     };
     step(Painter());
@@ -189,13 +206,15 @@ bool PictureBox::ExtFloodFill(int x, int y, OleColor colour, int fillType)
     if (brush.style() != Qt::SolidPattern)
         EndPainting();
     std::vector<QRect> filled;
-    if (!FloodFill(m_image, x, y, TranslateColor(colour).rgb(), kind, brush, &filled))
+    const qreal dpr = m_image.devicePixelRatio();
+    if (!FloodFill(m_image, DeviceCoord(x, dpr), DeviceCoord(y, dpr), TranslateColor(colour).rgb(), kind, brush,
+                   &filled))
         return false;
     // Painted again, the fill covers the pixels it covered here, not what another device's
-    // borders would enclose.
-    m_steps.push_back([brush, filled = std::move(filled)](QPainter &painter) {
+    // borders would enclose. The spans are in the image's device pixels.
+    m_steps.push_back([brush, dpr, filled = std::move(filled)](QPainter &painter) {
         for (const QRect &r : filled)
-            painter.fillRect(r, brush);
+            painter.fillRect(QRectF(r.x() / dpr, r.y() / dpr, r.width() / dpr, r.height() / dpr), brush);
     });
     return true;
 }
@@ -292,10 +311,13 @@ int PictureBox::borderWidth() const { return m_borderStyle == 1 ? 2 : 0; }
 void PictureBox::fitCanvas() const
 {
     const QSize client = ClientSize();
-    if (m_image.size() == client && m_image.format() == QImage::Format_RGB32)
+    const qreal dpr = devicePixelRatioF();
+    if (FitsDevice(m_image, client, dpr) && m_image.format() == QImage::Format_RGB32)
         return;
     EndPainting();
-    QImage grown(client, QImage::Format_RGB32);
+    // Drawn at the screen's pixel ratio, so lines and letters are sharp on a scaled screen;
+    // what was drawn before a change of ratio is carried over, scaled.
+    QImage grown = DeviceImage(client, dpr, QImage::Format_RGB32);
     grown.fill(TranslateColor(m_backColor));
     if (!m_image.isNull()) {
         QPainter painter(&grown);

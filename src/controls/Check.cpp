@@ -1,4 +1,5 @@
 #include "controls/Check.h"
+#include "gfx/DeviceImage.h"
 #include "gfx/EventCodes.h"
 
 #include <QApplication>
@@ -120,9 +121,9 @@ QString Check::ImageName(int value, Look look)
     return QString::fromLatin1(names[value][static_cast<int>(look)]);
 }
 
-QImage Check::BoxImage(int value, Look look)
+QImage Check::BoxImage(int value, Look look, qreal dpr)
 {
-    QImage image(BoxSize, BoxSize, QImage::Format_ARGB32);
+    QImage image = DeviceImage(QSize(BoxSize, BoxSize), dpr, QImage::Format_ARGB32);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     DrawBoxFrame(painter, look);
@@ -141,6 +142,7 @@ void Check::DrawBoxFrame(QPainter &painter, Look look)
                  GradientDirection::TopToBottom);
     painter.setPen(colors.border);
     painter.setBrush(Qt::NoBrush);
+    const StrokeOnPixels onPixels(painter);
     painter.drawRect(0, 0, BoxSize - 1, BoxSize - 1);
 }
 
@@ -148,6 +150,7 @@ void Check::DrawTick(QPainter &painter, const QColor &color)
 {
     // A tick three pixels thick: down from the left to the foot, then up to the right.
     painter.setPen(color);
+    const StrokeOnPixels onPixels(painter);
     for (int dy = 0; dy < 3; ++dy) {
         painter.drawLine(3, 5 + dy, 5, 7 + dy);
         painter.drawLine(5, 7 + dy, 9, 3 + dy);
@@ -164,7 +167,7 @@ void Check::BuildImages()
     for (int value = 0; value < 3; ++value)
         for (int look = 0; look < 4; ++look)
             m_Images[static_cast<size_t>(value)][static_cast<size_t>(look)] =
-                QPixmap::fromImage(BoxImage(value, static_cast<Look>(look)));
+                QPixmap::fromImage(BoxImage(value, static_cast<Look>(look), devicePixelRatioF()));
 }
 
 void Check::ShowImage(Look look)

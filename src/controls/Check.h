@@ -49,7 +49,8 @@ public:
 
     // The picture of one cell of the table: value 0..2 by look.
     static QString ImageName(int value, Look look);
-    static QImage BoxImage(int value, Look look);
+    // At a device pixel ratio above 1 the picture has that many more pixels and carries the ratio.
+    static QImage BoxImage(int value, Look look, qreal dpr = 1.0);
     // What the box shows now.
     QString CurrentImage() const { return m_CurrentImage; }
     QImage CurrentPicture() const;

@@ -60,7 +60,7 @@ GlossButton::GlossButton(QWidget *parent) : QWidget(parent)
 {
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    m_Surface = QImage(size(), QImage::Format_RGB32);
+    m_Surface = DeviceImage(size(), devicePixelRatioF(), QImage::Format_RGB32);
     PrepareTracking();
     ApplyStartUp();
 }
@@ -285,8 +285,11 @@ void GlossButton::focusOutEvent(QFocusEvent *event)
 
 void GlossButton::paintEvent(QPaintEvent *event)
 {
+    // Moved to a screen of another pixel ratio: draw the face again at the new one.
+    if (Ready && m_PaintCount > 0 && m_Surface.devicePixelRatio() != devicePixelRatioF())
+        PaintButton(m_PaintedState);
     QPainter painter(this);
-    painter.drawImage(event->rect().topLeft(), m_Surface, event->rect());
+    DrawSurfacePart(painter, event->rect().topLeft(), m_Surface, event->rect());
 }
 
 void GlossButton::resizeEvent(QResizeEvent *event)

@@ -5,6 +5,7 @@
 // styles cut the widget to their shape. Hover comes from the message engine's enter and leave.
 
 #include "controls/GlossButtonRegion.h"
+#include "gfx/DeviceImage.h"
 #include "gfx/GraphicsBas1.h"
 
 #include <QImage>
@@ -196,8 +197,14 @@ private:
     // Surface primitives with the original's line rule (the end point is not drawn).
     void Line(int x1, int y1, int x2, int y2, QRgb color);
     void Box(int x1, int y1, int x2, int y2, QRgb color);
+    // A logical pixel: one image pixel at a device pixel ratio of 1, a block of them above.
     void PSet(int x, int y, QRgb color)
     {
+        if (m_Surface.devicePixelRatio() != 1.0) {
+            if (x >= 0 && y >= 0 && x < width() && y < height())
+                FillLogicalSpan(m_Surface, x, x, y, color);
+            return;
+        }
         if (x >= 0 && y >= 0 && x < m_Surface.width() && y < m_Surface.height())
             reinterpret_cast<QRgb *>(m_Surface.scanLine(y))[x] = color;
     }

@@ -36,8 +36,9 @@ int GradientChannel(double t, int s, int e)
 
 void GlossButton::ClearSurface()
 {
-    if (m_Surface.size() != size())
-        m_Surface = QImage(size(), QImage::Format_RGB32);
+    const qreal dpr = devicePixelRatioF();
+    if (!FitsDevice(m_Surface, size(), dpr))
+        m_Surface = DeviceImage(size(), dpr, QImage::Format_RGB32);
     m_Surface.fill(palette().color(QPalette::Window));
 }
 
@@ -80,6 +81,12 @@ void GlossButton::Line(int x1, int y1, int x2, int y2, QRgb color)
 {
     // The end point itself is left out, so joined lines do not overdraw their meeting pixel.
     if (y1 == y2) {
+        if (m_Surface.devicePixelRatio() != 1.0) {
+            if (y1 >= 0 && y1 < height() && x1 != x2)
+                FillLogicalSpan(m_Surface, std::max(x1 < x2 ? x1 : x2 + 1, 0),
+                                std::min(x1 < x2 ? x2 - 1 : x1, width() - 1), y1, color);
+            return;
+        }
         if (y1 < 0 || y1 >= m_Surface.height() || x1 == x2)
             return;
         int from = x1 < x2 ? x1 : x2 + 1;

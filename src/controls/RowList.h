@@ -243,7 +243,8 @@ private:
     QWidget *m_iScr = nullptr;
     QScrollBar *m_Bar = nullptr;
     QLineEdit *m_txtEdit = nullptr;
-    QImage m_Canvas;
+    QImage m_Canvas;      // at the surface's device pixel ratio
+    QSize m_CanvasSize;   // its size in logical pixels, which all row geometry uses
 
     std::vector<ItemRecord> m_Items;
     std::vector<bool> m_Selected;

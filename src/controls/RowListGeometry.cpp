@@ -1,6 +1,8 @@
 // RowList: row geometry, the visible window of rows and the scroll bar.
 #include "controls/RowList.h"
 
+#include "gfx/DeviceImage.h"
+
 #include <QScrollBar>
 
 #include <algorithm>
@@ -20,7 +22,7 @@ int RowList::RowAt(float y) const
 bool RowList::IsRowVisible(int index) const
 {
     // Whole rows plus the part-row that the surface shows below them.
-    const int rowsShown = (m_Canvas.height() + RowHeight() - 1) / RowHeight();
+    const int rowsShown = (m_CanvasSize.height() + RowHeight() - 1) / RowHeight();
     const int row = index - TopIndex();
     return index >= 0 && index < m_ListCount && row >= 0 && row < rowsShown;
 }
@@ -28,14 +30,14 @@ bool RowList::IsRowVisible(int index) const
 QRect RowList::ItemRect(int visibleRow) const
 {
     const int h = RowHeight();
-    return QRect(0, h * visibleRow, m_Canvas.width(), h);
+    return QRect(0, h * visibleRow, m_CanvasSize.width(), h);
 }
 
 QRect RowList::TextRect(int visibleRow) const
 {
     const int h = RowHeight();
     return QRect(QPoint(m_ItemTextLeft + m_ItemOffset, h * visibleRow + m_ItemOffset),
-                 QPoint(m_Canvas.width() - m_ItemOffset - 1, h * (visibleRow + 1) - m_ItemOffset - 1));
+                 QPoint(m_CanvasSize.width() - m_ItemOffset - 1, h * (visibleRow + 1) - m_ItemOffset - 1));
 }
 
 int RowList::BorderWidth() const
@@ -81,8 +83,10 @@ void RowList::Relayout()
         m_Bar->setMaximum(0);
         m_Bar->hide();
     }
-    if (m_Canvas.size() != QSize(surfaceWidth, height))
-        m_Canvas = QImage(surfaceWidth, height, QImage::Format_RGB32);
+    m_CanvasSize = QSize(surfaceWidth, height);
+    const qreal dpr = m_iScr->devicePixelRatioF();
+    if (!FitsDevice(m_Canvas, m_CanvasSize, dpr))
+        m_Canvas = DeviceImage(m_CanvasSize, dpr, QImage::Format_RGB32);
     Refresh();
 }
 

@@ -62,7 +62,7 @@ void RowList::SurfaceMouseMove(int button, int shift, float x, float y)
     const float h = static_cast<float>(RowHeight());
     if (y < 0.0f) {
         ScrollUpwards(y);
-    } else if (y >= static_cast<float>(m_Canvas.height())) {
+    } else if (y >= static_cast<float>(m_CanvasSize.height())) {
         ScrollDownwards(y);
     } else if (std::floor(y / h) != std::floor(m_LastY / h) && (m_HoverSelection || button != 0)) {
         const int row = RowAt(y);
@@ -109,10 +109,10 @@ void RowList::AutoScroll(bool upwards)
     m_AutoScrolling = true;
     std::uint32_t last = m_Tick();
     const auto outside = [this, upwards] {
-        return upwards ? m_PointerY < 0 : m_PointerY >= m_Canvas.height();
+        return upwards ? m_PointerY < 0 : m_PointerY >= m_CanvasSize.height();
     };
     while (self && m_Dragging && outside()) {
-        const int height = m_Canvas.height();
+        const int height = m_CanvasSize.height();
         const int interval = std::max(40, upwards ? 500 + 20 * m_PointerY : 500 - (m_PointerY - height - 1) * 20);
         const std::uint32_t now = m_Tick();
         if (now - last >= static_cast<std::uint32_t>(interval)) {

@@ -1,6 +1,8 @@
 // RowList: drawing the rows, their icons and the border.
 #include "controls/RowList.h"
 
+#include "gfx/DeviceImage.h"
+
 #include <QPaintEvent>
 #include <QPainter>
 
@@ -148,6 +150,7 @@ void RowList::DrawFocus()
     QPainter painter(&m_Canvas);
     painter.setPen(QPen(m_cFontNormal, 1, Qt::DotLine));
     painter.setBrush(Qt::NoBrush);
+    const StrokeOnPixels onPixels(painter);
     painter.drawRect(rect);
     m_iScr->update(rect.adjusted(0, 0, 1, 1));
 }
@@ -175,8 +178,13 @@ void RowList::PaintBorder(QPainter &painter)
 
 void RowList::PaintSurface(QPaintEvent *event)
 {
+    // On a screen of another pixel ratio the rows are drawn again at that ratio.
+    if (!m_Canvas.isNull() && m_Canvas.devicePixelRatio() != m_iScr->devicePixelRatioF()) {
+        m_Canvas = DeviceImage(m_CanvasSize, m_iScr->devicePixelRatioF(), QImage::Format_RGB32);
+        Refresh();
+    }
     QPainter painter(m_iScr);
-    painter.drawImage(event->rect(), m_Canvas, event->rect());
+    DrawSurfacePart(painter, event->rect().topLeft(), m_Canvas, event->rect());
 }
 
 } // namespace zrt

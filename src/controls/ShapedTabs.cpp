@@ -1,5 +1,7 @@
 #include "controls/ShapedTabs.h"
 
+#include "gfx/DeviceImage.h"
+
 #include <QEvent>
 #include <QFontMetrics>
 #include <QMouseEvent>
@@ -27,7 +29,17 @@ constexpr int kDefaultFirstTabLeft = 2;
 constexpr int kCaptionPadding = 12; // room left and right of a caption inside its tab
 constexpr int kMinTabWidth = 16;
 
-void Line(QPainter &p, int x1, int y1, int x2, int y2) { p.drawLine(x1, y1, x2, y2); }
+void Line(QPainter &p, int x1, int y1, int x2, int y2)
+{
+    const StrokeOnPixels onPixels(p);
+    p.drawLine(x1, y1, x2, y2);
+}
+
+void Dot(QPainter &p, int x, int y)
+{
+    const StrokeOnPixels onPixels(p);
+    p.drawPoint(x, y);
+}
 
 // A rectangle given by its corners, right and bottom excluded, as a stroked QRect covers it.
 QRect Corners(int x1, int y1, int x2, int y2) { return QRect(x1, y1, x2 - x1 - 1, y2 - y1 - 1); }
@@ -35,6 +47,7 @@ QRect Corners(int x1, int y1, int x2, int y2) { return QRect(x1, y1, x2 - x1 - 1
 // Rounded rectangle whose corner ellipses are `corner` pixels wide.
 void RoundRect(QPainter &p, const QRect &rect, int corner)
 {
+    const StrokeOnPixels onPixels(p);
     p.drawRoundedRect(rect, corner / 2.0, corner / 2.0, Qt::AbsoluteSize);
 }
 
@@ -190,8 +203,9 @@ QRegion ShapedTabs::MakeRegion() const
 void ShapedTabs::DrawTabs(bool raiseClick)
 {
     const QSize size = this->size().expandedTo(QSize(1, 1));
-    if (m_TabStrip.size() != size)
-        m_TabStrip = QImage(size, QImage::Format_RGB32);
+    const qreal dpr = devicePixelRatioF();
+    if (!FitsDevice(m_TabStrip, size, dpr))
+        m_TabStrip = DeviceImage(size, dpr, QImage::Format_RGB32);
     m_TabStrip.fill(TranslateColor(m_ControlBackcolor));
     if (!TabCountValid()) {
         m_Silhouette = QRegion();
@@ -229,8 +243,8 @@ void ShapedTabs::DrawBody(QPainter &p) const
     p.setBrush(TranslateColor(m_TabBodyColor));
     RoundRect(p, Corners(1, TabBottom, w - 1, h - 1), 4);
     RoundRect(p, Corners(0, TabBottom + 1, w, h), 6);
-    p.drawPoint(0, TabBottom + 2);
-    p.drawPoint(w - 1, TabBottom + 2);
+    Dot(p, 0, TabBottom + 2);
+    Dot(p, w - 1, TabBottom + 2);
 }
 
 void ShapedTabs::DrawTab(QPainter &p, int index, bool raiseClick)
@@ -260,9 +274,9 @@ void ShapedTabs::DrawInactiveTab(QPainter &p, int index) const
     Line(p, left + 1, TabTop + 2, right - 1, TabTop + 2); // inner light line under the top edge
     p.setPen(TranslateColor(m_BorderDarkColor));
     Line(p, left, TabBottom - 1, left, TabTop + 2);
-    p.drawPoint(left + 1, TabTop + 1);
+    Dot(p, left + 1, TabTop + 1);
     Line(p, left + 2, TabTop, right - 2, TabTop);
-    p.drawPoint(right - 1, TabTop + 1);
+    Dot(p, right - 1, TabTop + 1);
     Line(p, right, TabTop + 2, right, TabBottom - 1);
 }
 
@@ -327,6 +341,9 @@ void ShapedTabs::mousePressEvent(QMouseEvent *event)
 
 void ShapedTabs::paintEvent(QPaintEvent *)
 {
+    // On a screen of another pixel ratio the strip is drawn again at that ratio.
+    if (!m_TabStrip.isNull() && m_TabStrip.devicePixelRatio() != devicePixelRatioF())
+        DrawTabs(false);
     QPainter p(this);
     p.drawImage(0, 0, m_TabStrip);
 }

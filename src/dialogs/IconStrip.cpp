@@ -1,5 +1,8 @@
 #include "dialogs/IconStrip.h"
 
+#include "gfx/DeviceImage.h"
+
+#include <QGuiApplication>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -98,7 +101,9 @@ void DrawIdea(QPainter &p, const QRect &cell)
 
 QPixmap MakeStrip()
 {
-    QImage image(S * kCells, S, QImage::Format_ARGB32_Premultiplied);
+    // At the finest pixel ratio of the screens, so the icons are sharp wherever the box shows.
+    const qreal dpr = qGuiApp ? qGuiApp->devicePixelRatio() : 1.0;
+    QImage image = DeviceImage(QSize(S * kCells, S), dpr, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter p(&image);
     p.setRenderHint(QPainter::Antialiasing);
@@ -146,7 +151,9 @@ QPixmap Cell(const QPixmap &strip, int index)
     const int side = strip.height();
     if (index < 0 || side <= 0 || (index + 1) * side > strip.width())
         return {};
-    return strip.copy(index * side, 0, side, side);
+    QPixmap cell = strip.copy(index * side, 0, side, side);
+    cell.setDevicePixelRatio(strip.devicePixelRatio());
+    return cell;
 }
 
 } // namespace zrt::IconStrip

@@ -1,5 +1,7 @@
 #include "gfx/GraphicsBas1.h"
 
+#include "gfx/DeviceImage.h"
+
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPalette>
@@ -100,19 +102,22 @@ namespace {
 
 // The last few gradients drawn: a window's ground is painted again and again at one size.
 struct KeptGradient {
-    QSize size;
+    QSize size; // in device pixels
+    qreal dpr;
     QRgb from;
     QRgb to;
     GradientDirection direction;
     QImage image;
 };
 
-const QImage &KeptGradientImage(const QSize &size, const QColor &from, const QColor &to, GradientDirection direction)
+const QImage &KeptGradientImage(const QSize &logical, qreal dpr, const QColor &from, const QColor &to,
+                                GradientDirection direction)
 {
+    const QSize size = DeviceSize(logical, dpr);
     static std::vector<KeptGradient> kept;
     const QRgb a = from.rgb(), b = to.rgb();
     for (size_t i = 0; i < kept.size(); ++i) {
-        if (kept[i].size == size && kept[i].from == a && kept[i].to == b && kept[i].direction == direction) {
+        if (kept[i].size == size && kept[i].dpr == dpr && kept[i].from == a && kept[i].to == b && kept[i].direction == direction) {
             if (i != 0)
                 std::rotate(kept.begin(), kept.begin() + static_cast<std::ptrdiff_t>(i),
                             kept.begin() + static_cast<std::ptrdiff_t>(i) + 1);
@@ -122,7 +127,9 @@ const QImage &KeptGradientImage(const QSize &size, const QColor &from, const QCo
     constexpr size_t kMostKept = 8;
     if (kept.size() == kMostKept)
         kept.pop_back();
-    kept.insert(kept.begin(), KeptGradient{size, a, b, direction, GradientImage(size, from, to, direction)});
+    QImage image = GradientImage(size, from, to, direction);
+    image.setDevicePixelRatio(dpr);
+    kept.insert(kept.begin(), KeptGradient{size, dpr, a, b, direction, image});
     return kept.front().image;
 }
 
@@ -136,8 +143,10 @@ void DrawGradient(QPainter &target, const QRect &rect, const QColor &from, const
     // On a painter that only moves what it draws, each row (or column) is one solid fill of the
     // colour the picture would have there: the same pixels without building the picture. The
     // target is a widget's back buffer or an image, so it never shows a half-drawn ground.
+    // A target of a higher pixel ratio gets one colour per device row instead, from the picture.
+    const qreal dpr = target.device() ? target.device()->devicePixelRatio() : 1.0;
     const QTransform::TransformationType kind = target.transform().type();
-    if (kind <= QTransform::TxTranslate && target.opacity() == 1.0
+    if (dpr == 1.0 && kind <= QTransform::TxTranslate && target.opacity() == 1.0
         && target.compositionMode() == QPainter::CompositionMode_SourceOver) {
         const bool rows = direction == GradientDirection::TopToBottom;
         const int count = rows ? rect.height() : rect.width();
@@ -153,7 +162,7 @@ void DrawGradient(QPainter &target, const QRect &rect, const QColor &from, const
         }
         return;
     }
-    target.drawImage(rect.topLeft(), KeptGradientImage(rect.size(), from, to, direction));
+    target.drawImage(rect.topLeft(), KeptGradientImage(rect.size(), dpr, from, to, direction));
 }
 
 void TransparentCopy(QPainter &target, const QPoint &at, const QSize &size, const QImage &source,

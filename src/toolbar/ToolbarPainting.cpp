@@ -1,5 +1,7 @@
 #include "toolbar/ToolbarPainting.h"
 
+#include "gfx/DeviceImage.h"
+
 #include <QFontMetrics>
 #include <QPainter>
 #include <QPixmapCache>
@@ -19,7 +21,9 @@ void FillVerticalGradient(QPainter &p, const QRect &rect, const QColor &from, co
 {
     if (rect.isEmpty())
         return;
-    p.drawImage(rect, GradientImage(QSize(1, rect.height()), from, to, GradientDirection::TopToBottom));
+    // One colour per device row, so the ground is as fine as the screen on a scaled one.
+    const qreal dpr = p.device() ? p.device()->devicePixelRatio() : 1.0;
+    p.drawImage(rect, GradientImage(QSize(1, DeviceCoord(rect.height(), dpr)), from, to, GradientDirection::TopToBottom));
 }
 
 void DrawOutline(QPainter &p, const QRect &rect, const QColor &color)

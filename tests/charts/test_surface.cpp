@@ -1,6 +1,7 @@
 // The retained surface: clearing, reading back, scale modes, pens, ellipses and the border fill.
 
 #include "ChartTestSupport.h"
+#include "ScaledScreen.h"
 
 #include "common/RunTimeError.h"
 
@@ -173,4 +174,67 @@ TEST_F(Surface, BadPropertyValuesAreRunTimeErrors)
     EXPECT_THROW(s.SetDrawWidth(0), RunTimeError);
     EXPECT_THROW(s.SetDrawStyle(7), RunTimeError);
     EXPECT_THROW(s.SetFillStyle(-1), RunTimeError);
+}
+
+// ---- on a screen scaled to 200 % -------------------------------------------------------------
+
+namespace {
+
+class SurfaceHighDpi : public ScaledScreenTest {
+protected:
+    void SetUp() override
+    {
+        ScaledScreenTest::SetUp();
+        if (IsSkipped() || HasFatalFailure())
+            return;
+        Prepare(s, 60, 40);
+        s.SetForeColor(Black);
+    }
+    bool BlackAt(int x, int y) const { return (s.Image().pixel(x, y) & 0xFFFFFF) == 0; }
+    PictureBox s;
+};
+
+} // namespace
+
+TEST_F(SurfaceHighDpi, OnePixelLinesAreTwoDevicePixelsWideAndPointReadsLogicalPixels)
+{
+    EXPECT_EQ(s.Image().devicePixelRatio(), 2.0);
+    EXPECT_EQ(s.Image().size(), QSize(120, 80));
+    s.MoveToEx(5, 20);
+    s.LineTo(50, 20);
+    s.MoveToEx(30, 5);
+    s.LineTo(30, 35);
+    int rows = 0;
+    for (int y = 30; y < 50; ++y)
+        rows += BlackAt(20, y); // across the level line, at logical x = 10
+    EXPECT_EQ(rows, 2);
+    int columns = 0;
+    for (int x = 50; x < 70; ++x)
+        columns += BlackAt(x, 20); // across the upright one, at logical y = 10
+    EXPECT_EQ(columns, 2);
+    s.SetScaleMode(PictureBox::Pixels);
+    EXPECT_EQ(s.Point(10, 20), Colour(Black));
+    EXPECT_EQ(s.Point(30, 10), Colour(Black));
+    EXPECT_EQ(s.Point(10, 18), Colour(White));
+    EXPECT_EQ(s.Point(10, 22), Colour(White));
+    EXPECT_EQ(s.PixelAt(59, 39), Colour(White));
+    EXPECT_EQ(s.PixelAt(60, 0), -1) << "the edge is the logical one";
+
+    // What the screen shows is the image, pixel for pixel.
+    const QImage shown = Rendered(s);
+    for (const QPoint at : {QPoint(20, 40), QPoint(20, 41), QPoint(60, 20), QPoint(61, 20), QPoint(2, 2)})
+        EXPECT_EQ(shown.pixel(at) & 0xFFFFFF, s.Image().pixel(at) & 0xFFFFFF) << at.x() << "," << at.y();
+}
+
+TEST_F(SurfaceHighDpi, BorderFillSeedsAtTheLogicalPixel)
+{
+    s.Ellipse(10, 10, 50, 35);
+    s.SetFillColor(Maroon);
+    s.SetFillStyle(PictureBox::FillSolid);
+    // Taken as a device pixel, (25, 12) would lie outside the ellipse and flood the ground.
+    EXPECT_TRUE(s.ExtFloodFill(25, 12, Black, PictureBox::FloodFillBorder));
+    EXPECT_EQ(s.PixelAt(25, 12), Colour(Maroon));
+    EXPECT_EQ(s.PixelAt(30, 22), Colour(Maroon));
+    EXPECT_EQ(s.PixelAt(2, 2), Colour(White));
+    EXPECT_EQ(s.PixelAt(57, 37), Colour(White));
 }

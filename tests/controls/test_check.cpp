@@ -1,5 +1,7 @@
 #include "controls/Check.h"
 
+#include "ScaledScreen.h"
+
 #include <QLabel>
 #include <QSet>
 #include <QSignalSpy>
@@ -64,6 +66,25 @@ TEST(CheckImages, MarksOfTheThreeValues)
     EXPECT_EQ(Check::BoxImage(2, Look::Idle).pixelColor(centre), QColor(128, 128, 128));
     EXPECT_EQ(Check::BoxImage(1, Look::Disabled).pixelColor(tickFoot), QColor(202, 200, 187));
     EXPECT_EQ(Check::BoxImage(0, Look::Disabled).pixelColor(0, 0), QColor(202, 200, 187));
+}
+
+TEST(CheckImages, AtARatioOfTwoTheBoxHasTwiceThePixelsAndItsLinesTwoWide)
+{
+    const QImage image = Check::BoxImage(1, Look::Idle, 2.0);
+    EXPECT_EQ(image.size(), QSize(2 * Check::BoxSize, 2 * Check::BoxSize));
+    EXPECT_EQ(image.devicePixelRatio(), 2.0);
+    const QColor border = Check::BoxImage(1, Look::Idle).pixelColor(0, 6);
+    for (const int y : {8, 12, 16}) {
+        EXPECT_EQ(image.pixelColor(0, y), border) << y;
+        EXPECT_EQ(image.pixelColor(1, y), border) << y;
+        EXPECT_NE(image.pixelColor(2, y), border) << y;
+        EXPECT_EQ(image.pixelColor(25, y), border) << y;
+        EXPECT_EQ(image.pixelColor(24, y), border) << y;
+        EXPECT_NE(image.pixelColor(23, y), border) << y;
+    }
+    // The tick's foot, one logical pixel, is a block of four.
+    for (const QPoint at : {QPoint(10, 16), QPoint(11, 16), QPoint(10, 17), QPoint(11, 17)})
+        EXPECT_EQ(image.pixelColor(at), QColor(33, 161, 33)) << at.x() << "," << at.y();
 }
 
 TEST_F(CheckTest, ValueAndEnabledPickTheImage)
@@ -206,4 +227,19 @@ TEST_F(CheckTest, PropertyBagWritesOnlyChanges)
     EXPECT_EQ(copy.Caption(), "Compare visual && audio");
     EXPECT_EQ(copy.ForeColor(), RGB(255, 255, 255));
     EXPECT_EQ(copy.DisabledColor(), RGB(192, 192, 192));
+}
+
+// ---- on a screen scaled to 200 % -------------------------------------------------------------
+
+namespace {
+class CheckHighDpi : public ScaledScreenTest {};
+} // namespace
+
+TEST_F(CheckHighDpi, TheBoxShowsAPictureOfTheScreensRatio)
+{
+    Check box;
+    box.setValue(1);
+    const QImage shown = box.CurrentPicture();
+    EXPECT_EQ(shown.devicePixelRatio(), 2.0);
+    EXPECT_EQ(shown.size(), QSize(2 * Check::BoxSize, 2 * Check::BoxSize));
 }

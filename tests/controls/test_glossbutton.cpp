@@ -3,6 +3,8 @@
 #include "common/RunTimeError.h"
 #include "controls/GlossButton.h"
 
+#include "ScaledScreen.h"
+
 #include <QApplication>
 #include <QEnterEvent>
 #include <QFocusEvent>
@@ -670,4 +672,74 @@ TEST(GlossButtonHidden, PropertiesSetWhileHiddenAreDrawnOnceWhenShown)
         Leave(button);
     EXPECT_EQ(buttons[1]->Surface(), buttons[0]->Surface());
     EXPECT_EQ(buttons[1]->mask(), buttons[0]->mask());
+}
+
+// ---- on a screen scaled to 200 % -------------------------------------------------------------
+
+namespace {
+
+class GlossButtonHighDpi : public ScaledScreenTest {};
+
+bool IsCaptionRed(QRgb p) { return qRed(p) > 150 && qGreen(p) < 110 && qBlue(p) < 110; }
+
+} // namespace
+
+TEST_F(GlossButtonHighDpi, FaceAndCaptionAreDrawnAtTheDevicePixelRatio)
+{
+    Fixture f(GlossButton::StyleBevel, 100, 30);
+    GlossButton &b = *f.button;
+    b.setForeColor(RGB(200, 0, 0));
+    b.setCaption("Show All");
+    EXPECT_EQ(b.Surface().devicePixelRatio(), 2.0);
+    EXPECT_EQ(b.Surface().size(), QSize(200, 60));
+
+    const QImage shown = Rendered(b);
+    // The one-pixel edge of the face is two device pixels wide on each side, then the face.
+    const QRgb edge = C(0, 60, 116);
+    for (const int y : {20, 30, 40}) {
+        EXPECT_EQ(Px(shown, 0, y), edge) << y;
+        EXPECT_EQ(Px(shown, 1, y), edge) << y;
+        EXPECT_NE(Px(shown, 2, y), edge) << y;
+        EXPECT_EQ(Px(shown, 199, y), edge) << y;
+        EXPECT_EQ(Px(shown, 198, y), edge) << y;
+        EXPECT_NE(Px(shown, 197, y), edge) << y;
+    }
+
+    // The caption: as wide and high as the same text drawn freely at the same ratio, inside the
+    // edges, and with the detail only full-ratio letters have.
+    QImage free(400, 120, QImage::Format_RGB32);
+    free.setDevicePixelRatio(2.0);
+    free.fill(Qt::white);
+    {
+        QPainter p(&free);
+        p.setFont(b.font());
+        p.setPen(QColor(200, 0, 0));
+        p.drawText(QRect(20, 10, 150, 40), Qt::AlignLeft | Qt::AlignTop | Qt::TextShowMnemonic, "Show All");
+    }
+    const QRect whole = InkBox(free, IsCaptionRed);
+    const QRect ink = InkBox(shown, IsCaptionRed);
+    ASSERT_FALSE(whole.isEmpty());
+    ASSERT_FALSE(ink.isEmpty());
+    EXPECT_NEAR(ink.width(), whole.width(), 1);
+    EXPECT_NEAR(ink.height(), whole.height(), 1);
+    EXPECT_TRUE(QRect(2, 2, 196, 56).contains(ink)) << "caption at " << ink.x() << "," << ink.y();
+    EXPECT_TRUE(HasFineDetail(shown, ink));
+}
+
+TEST_F(GlossButtonHighDpi, PixelFaceCoversEachLogicalPixelWithABlock)
+{
+    // The glass face is written a logical pixel at a time onto the cleared surface: at the ratio
+    // each pixel is a 2x2 block, with nothing of the cleared ground left between them.
+    Fixture f(GlossButton::StyleGlassPixel, 100, 30);
+    f.button->setCaption(QString());
+    const QImage &surface = f.button->Surface();
+    ASSERT_EQ(surface.size(), QSize(200, 60));
+    const QRgb cleared = f.button->palette().color(QPalette::Window).rgb() & 0xFFFFFF;
+    for (int y = 10; y < 50; y += 2)
+        for (int x = 20; x < 180; x += 2) {
+            const QRgb p = Px(surface, x, y);
+            ASSERT_NE(p, cleared) << x << "," << y;
+            ASSERT_TRUE(Px(surface, x + 1, y) == p && Px(surface, x, y + 1) == p && Px(surface, x + 1, y + 1) == p)
+                << x << "," << y;
+        }
 }

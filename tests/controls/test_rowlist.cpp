@@ -1,6 +1,8 @@
 #include "common/RunTimeError.h"
 #include "controls/RowList.h"
 
+#include "ScaledScreen.h"
+
 #include <QLineEdit>
 #include <QRandomGenerator>
 #include <QScrollBar>
@@ -775,4 +777,57 @@ TEST_F(RowListTest, FocusRectangleOnTheCurrentRowOnlyWithFocus)
 
     list.setFocus(false);
     EXPECT_FALSE(edgeHasFocusColour(0)) << "Focus false draws none";
+}
+
+// ---- on a screen scaled to 200 % -------------------------------------------------------------
+
+namespace {
+
+class RowListHighDpi : public ScaledScreenTest {};
+
+bool IsDark(QRgb p) { return qGray(p) < 100; }
+
+} // namespace
+
+TEST_F(RowListHighDpi, RowsAreDrawnAtTheDevicePixelRatioInTheirLogicalPlaces)
+{
+    RowList list;
+    list.setItemHeightAuto(false);
+    list.setItemHeight(RowH);
+    list.resize(120, RowH * Rows);
+    list.setBackNormal(RGB(255, 255, 255));
+    list.setFontNormal(RGB(0, 0, 0));
+    list.setBackSelected(RGB(0, 0, 255));
+    list.setFontSelected(RGB(255, 255, 255));
+    for (int i = 0; i < 3 * Rows; ++i)
+        list.AddItem(QStringLiteral("Wg %1").arg(i));
+    list.setListIndex(1);
+    list.show();
+    list.Refresh();
+
+    const QImage &canvas = list.SurfaceImage();
+    const QSize surface = list.hWnd()->size();
+    EXPECT_EQ(canvas.devicePixelRatio(), 2.0);
+    EXPECT_EQ(canvas.size(), surface * 2);
+    EXPECT_EQ(list.VisibleRowCount(), Rows) << "rows are counted in logical pixels";
+
+    // The selected second row fills device rows 32..63, no more and no less.
+    const QRgb blue = qRgb(0, 0, 255) & 0xFFFFFF;
+    EXPECT_NE(canvas.pixel(2, 31) & 0xFFFFFF, blue);
+    EXPECT_EQ(canvas.pixel(2, 32) & 0xFFFFFF, blue);
+    EXPECT_EQ(canvas.pixel(2, 63) & 0xFFFFFF, blue);
+    EXPECT_NE(canvas.pixel(2, 64) & 0xFFFFFF, blue);
+
+    // The first row's text lies inside its row and is drawn at the full ratio.
+    const QImage firstRow = canvas.copy(0, 0, canvas.width(), 2 * RowH);
+    const QRect ink = InkBox(firstRow, IsDark);
+    ASSERT_FALSE(ink.isEmpty());
+    EXPECT_GE(ink.top(), 1);
+    EXPECT_LE(ink.bottom(), 2 * RowH - 2);
+    EXPECT_TRUE(HasFineDetail(firstRow, ink));
+
+    // And the screen shows the canvas as it is, pixel for pixel.
+    const QImage shown = Rendered(*list.hWnd());
+    EXPECT_EQ(shown.pixel(2, 40) & 0xFFFFFF, blue);
+    EXPECT_EQ(InkBox(shown.copy(0, 0, shown.width(), 2 * RowH), IsDark), ink);
 }

@@ -1,8 +1,11 @@
 #include "controls/ShapedTabs.h"
 
+#include "ScaledScreen.h"
+
 #include <QTest>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <memory>
 #include <vector>
 
@@ -219,4 +222,46 @@ TEST(ShapedTabsHidden, AStripSetUpWhileHiddenIsDrawnWhenShown)
     }
     EXPECT_EQ(strips[1]->TabStrip(), strips[0]->TabStrip());
     EXPECT_EQ(strips[1]->mask(), strips[0]->mask());
+}
+
+// ---- on a screen scaled to 200 % -------------------------------------------------------------
+
+namespace {
+
+struct ShapedTabsHighDpi : ScaledScreenTest {
+    QWidget container;
+    ShapedTabs *tabs = new ShapedTabs(&container);
+
+    void SetUp() override
+    {
+        ScaledScreenTest::SetUp();
+        if (IsSkipped() || HasFatalFailure())
+            return;
+        container.resize(400, 150);
+        tabs->setGeometry(0, 0, 360, 120);
+        container.show();
+    }
+    QRgb Pixel(int x, int y) const { return tabs->TabStrip().pixel(x, y) & 0xFFFFFFu; }
+    static QRgb Ole(zrt::OleColor c) { return zrt::TranslateColor(c).rgb() & 0xFFFFFFu; }
+};
+
+} // namespace
+
+TEST_F(ShapedTabsHighDpi, EachHighlightRowIsTwoDeviceRowsInItsPlace)
+{
+    EXPECT_EQ(tabs->TabStrip().devicePixelRatio(), 2.0);
+    EXPECT_EQ(tabs->TabStrip().size(), QSize(720, 240));
+    const int x = 2 * (tabs->TabLeft(0) + tabs->TabWidth(0) / 2);
+    const std::array<zrt::OleColor, 4> rows{tabs->HighlightColor1(), tabs->HighlightColor2(),
+                                            tabs->HighlightColor3(), tabs->HighlightColor4()};
+    for (int row = 0; row < 4; ++row) {
+        EXPECT_EQ(Pixel(x, 2 * (3 + row)), Ole(rows[row])) << "logical row " << 3 + row;
+        EXPECT_EQ(Pixel(x, 2 * (3 + row) + 1), Ole(rows[row])) << "logical row " << 3 + row;
+    }
+    // The inactive tab's top edge, one logical row, is two device rows.
+    const int x2 = 2 * (tabs->TabLeft(2) + tabs->TabWidth(2) / 2);
+    EXPECT_EQ(Pixel(x2, 8), Ole(tabs->BorderDarkColor()));
+    EXPECT_EQ(Pixel(x2, 9), Ole(tabs->BorderDarkColor()));
+    EXPECT_NE(Pixel(x2, 7), Ole(tabs->BorderDarkColor()));
+    EXPECT_NE(Pixel(x2, 10), Ole(tabs->BorderDarkColor()));
 }

@@ -3,6 +3,8 @@
 #include "dialogs/MsgBoxes.h"
 #include "dialogs/msgFrm.h"
 
+#include "ScaledScreen.h"
+
 #include "common/RunTimeError.h"
 
 #include <QApplication>
@@ -530,4 +532,22 @@ TEST_F(MsgFrmTest, FileLinkChecksEmptinessAndJoinsTheFieldsWithTheNotSign)
         frm.nCmd(0)->click();
     });
     EXPECT_EQ(File_Link(args), QStringLiteral("http://example.org") + QChar(172) + QStringLiteral("Site"));
+}
+
+// ---- on a screen scaled to 200 % -------------------------------------------------------------
+
+namespace {
+class IconStripHighDpi : public ScaledScreenTest {};
+} // namespace
+
+TEST_F(IconStripHighDpi, CellsAreDrawnAtTheScreensRatio)
+{
+    for (int i = 0; i < IconStrip::kCells; ++i) {
+        const QPixmap cell = IconStrip::Cell(IconStrip::Strip(), i);
+        EXPECT_EQ(cell.devicePixelRatio(), 2.0) << i;
+        EXPECT_EQ(cell.size(), QSize(2 * IconStrip::kCellSize, 2 * IconStrip::kCellSize)) << i;
+        EXPECT_EQ(cell.deviceIndependentSize().toSize(), QSize(IconStrip::kCellSize, IconStrip::kCellSize)) << i;
+        const QImage image = cell.toImage();
+        EXPECT_TRUE(HasFineDetail(image, image.rect())) << "cell " << i << " is not blown up from half the pixels";
+    }
 }

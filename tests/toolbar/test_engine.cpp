@@ -1,4 +1,5 @@
 // The message engine's contract and the shared drawing helpers.
+#include "gfx/DeviceImage.h"
 #include "gfx/GraphicsBas1.h"
 #include "gfx/MessageEngine.h"
 
@@ -291,4 +292,68 @@ TEST(GraphicsBas1, GradientEndsAndTransparentCopy)
     EXPECT_EQ(TranslateColor(SystemColor(15)), QGuiApplication::palette().color(QPalette::Button));
     EXPECT_EQ(BlendColor(QColor(100, 100, 100), 50), QColor(177, 177, 177));
     EXPECT_EQ(BlendColor(QColor(100, 100, 100), -50), QColor(50, 50, 50));
+}
+
+// ---- drawing at a device pixel ratio ---------------------------------------------------------
+
+TEST(DeviceImage, LogicalPixelsTileTheDevicePixelsWithoutGapsAtAnyRatio)
+{
+    for (const qreal dpr : {1.0, 1.25, 1.5, 2.0}) {
+        QImage image = DeviceImage(QSize(11, 3), dpr, QImage::Format_RGB32);
+        EXPECT_EQ(image.devicePixelRatio(), dpr);
+        EXPECT_EQ(image.size(), QSize(DeviceCoord(11, dpr), DeviceCoord(3, dpr))) << dpr;
+        EXPECT_TRUE(FitsDevice(image, QSize(11, 3), dpr));
+        EXPECT_FALSE(FitsDevice(image, QSize(11, 3), dpr + 0.5));
+        image.fill(Qt::black);
+        // Each logical pixel of row 1 in a colour of its own: every device pixel of the row's
+        // band gets exactly one of them, in order, and the rows around stay black.
+        for (int x = 0; x < 11; ++x)
+            FillLogicalSpan(image, x, x, 1, qRgb(10 + x, 0, 0));
+        int previous = -1;
+        for (int dx = 0; dx < image.width(); ++dx) {
+            const QRgb p = image.pixel(dx, DeviceCoord(1, dpr));
+            ASSERT_GE(qRed(p), 10) << dpr << " at " << dx;
+            const int x = qRed(p) - 10;
+            EXPECT_TRUE(x == previous || x == previous + 1) << dpr << " at " << dx;
+            previous = x;
+        }
+        EXPECT_EQ(previous, 10);
+        EXPECT_EQ(image.pixel(0, DeviceCoord(1, dpr) - 1), qRgb(0, 0, 0)) << dpr;
+        EXPECT_EQ(image.pixel(0, DeviceCoord(2, dpr)), qRgb(0, 0, 0)) << dpr;
+    }
+}
+
+TEST(DeviceImage, SurfacePartShowsTheLogicalRectangleAtFullResolution)
+{
+    QImage surface = DeviceImage(QSize(20, 10), 2.0, QImage::Format_RGB32);
+    surface.fill(Qt::white);
+    FillLogicalSpan(surface, 5, 5, 4, qRgb(255, 0, 0));
+    surface.setPixel(11, 9, qRgb(0, 0, 255)); // a device pixel of its own, inside logical (5, 4)
+    QImage screen(40, 20, QImage::Format_RGB32);
+    screen.setDevicePixelRatio(2.0);
+    screen.fill(Qt::black);
+    {
+        QPainter painter(&screen);
+        DrawSurfacePart(painter, QPoint(3, 2), surface, QRect(3, 2, 4, 4));
+    }
+    EXPECT_EQ(screen.pixel(10, 8), qRgb(255, 0, 0));
+    EXPECT_EQ(screen.pixel(11, 9), qRgb(0, 0, 255)) << "not blown up from half the pixels";
+    EXPECT_EQ(screen.pixel(6, 4), qRgb(255, 255, 255));
+    EXPECT_EQ(screen.pixel(5, 4), qRgb(0, 0, 0)) << "left of the part";
+    EXPECT_EQ(screen.pixel(14, 8), qRgb(0, 0, 0)) << "right of the part";
+}
+
+TEST(GraphicsBas1, GradientOnATargetOfRatioTwoHasOneColourPerDeviceRow)
+{
+    QImage target(20, 100, QImage::Format_RGB32);
+    target.setDevicePixelRatio(2.0);
+    target.fill(Qt::black);
+    {
+        QPainter painter(&target);
+        DrawGradient(painter, QRect(0, 0, 10, 50), QColor(0, 0, 0), QColor(0, 0, 255), GradientDirection::TopToBottom);
+    }
+    EXPECT_EQ(target.pixel(0, 0), qRgb(0, 0, 0));
+    EXPECT_EQ(target.pixel(19, 99), qRgb(0, 0, 255));
+    for (int y = 1; y < 100; ++y)
+        EXPECT_GT(qBlue(target.pixel(5, y)), qBlue(target.pixel(5, y - 1))) << "device row " << y;
 }
