@@ -44,6 +44,9 @@ void PictureBox::Cls()
     m_image.fill(TranslateColor(m_backColor));
     m_current = QPoint(0, 0);
     m_steps.clear();
+    m_stepPens.clear();
+    m_stepBrushes.clear();
+    m_otherSteps.clear();
     m_marks.clear();
     m_labelInks.clear();
     update();
@@ -148,16 +151,8 @@ void PictureBox::LineTo(int x, int y)
         const int half = m_drawWidth / 2;
         RecordMark(QRect(m_current, QPoint(x, y)).normalized().adjusted(-half, -half, half, half));
     }
-    auto step = [pen = currentPen(), from = m_current, to = QPoint(x, y)](QPainter &painter) {
-        painter.setPen(pen);
-        const StrokeOnPixels onPixels(painter);
-        if (from == to)
-            painter.drawPoint(from);
-        else
-            painter.drawLine(from, to);
-    };
-    step(Painter());
-    m_steps.push_back(std::move(step));
+    m_steps.push_back({Step::Line, keepPen(currentPen()), 0, m_current.x(), m_current.y(), x, y});
+    paintStep(Painter(), m_steps.back());
     m_current = QPoint(x, y);
     DoneWithPainter();
 }
@@ -171,27 +166,9 @@ void PictureBox::Ellipse(int left, int top, int right, int bottom)
     RecordMark(QRect(QPoint(left, top), QPoint(right - 1, bottom - 1)).adjusted(-half, -half, half, half));
     // An aliased one-pixel outline of a w x h rectangle covers w + 1 pixels: the box's right
     // and bottom edges stay outside.
-    auto step = [pen = currentPen(), brush = currentBrush(),
-                 box = QRect(left, top, right - left - 1, bottom - top - 1)](QPainter &painter) {
-        const qreal dpr = painter.device() ? painter.device()->devicePixelRatio() : 1.0;
-        if (dpr == 1.0) {
-            painter.setPen(pen);
-            painter.setBrush(brush);
-            painter.drawEllipse(box);
-        } else {
-            // The inside first, then the outline on the logical pixels.
-            painter.setPen(Qt::NoPen);
-            painter.setBrush(brush);
-            painter.drawEllipse(box);
-            painter.setPen(pen);
-            painter.setBrush(Qt::NoBrush);
-            const StrokeOnPixels onPixels(painter);
-            painter.drawEllipse(box);
-        }
-        painter.setBrush(Qt::NoBrush);
-    };
-    step(Painter());
-    m_steps.push_back(std::move(step));
+    m_steps.push_back(
+        {Step::Ellipse, keepPen(currentPen()), keepBrush(currentBrush()), left, top, right - left - 1, bottom - top - 1});
+    paintStep(Painter(), m_steps.back());
     DoneWithPainter();
 }
 
@@ -212,10 +189,11 @@ bool PictureBox::ExtFloodFill(int x, int y, OleColor colour, int fillType)
         return false;
     // Painted again, the fill covers the pixels it covered here, not what another device's
     // borders would enclose. The spans are in the image's device pixels.
-    m_steps.push_back([brush, dpr, filled = std::move(filled)](QPainter &painter) {
+    m_otherSteps.push_back([brush, dpr, filled = std::move(filled)](QPainter &painter) {
         for (const QRect &r : filled)
             painter.fillRect(QRectF(r.x() / dpr, r.y() / dpr, r.width() / dpr, r.height() / dpr), brush);
     });
+    m_steps.push_back({Step::Other, 0, static_cast<quint32>(m_otherSteps.size() - 1), 0, 0, 0, 0});
     return true;
 }
 
@@ -249,8 +227,61 @@ void PictureBox::DrawText(int x, int y, const QString &text, const QFont &font, 
         painter.restore();
     };
     step(Painter());
-    m_steps.push_back(std::move(step));
+    m_otherSteps.push_back(std::move(step));
+    m_steps.push_back({Step::Other, 0, static_cast<quint32>(m_otherSteps.size() - 1), 0, 0, 0, 0});
     DoneWithPainter();
+}
+
+quint32 PictureBox::keepPen(const QPen &pen)
+{
+    if (m_stepPens.empty() || m_stepPens.back() != pen)
+        m_stepPens.push_back(pen);
+    return static_cast<quint32>(m_stepPens.size() - 1);
+}
+
+quint32 PictureBox::keepBrush(const QBrush &brush)
+{
+    if (m_stepBrushes.empty() || m_stepBrushes.back() != brush)
+        m_stepBrushes.push_back(brush);
+    return static_cast<quint32>(m_stepBrushes.size() - 1);
+}
+
+void PictureBox::paintStep(QPainter &painter, const Step &step) const
+{
+    switch (step.kind) {
+    case Step::Line: {
+        painter.setPen(m_stepPens[step.pen]);
+        const StrokeOnPixels onPixels(painter);
+        if (step.x1 == step.x2 && step.y1 == step.y2)
+            painter.drawPoint(step.x1, step.y1);
+        else
+            painter.drawLine(step.x1, step.y1, step.x2, step.y2);
+        break;
+    }
+    case Step::Ellipse: {
+        const QRect box(step.x1, step.y1, step.x2, step.y2);
+        const qreal dpr = painter.device() ? painter.device()->devicePixelRatio() : 1.0;
+        if (dpr == 1.0) {
+            painter.setPen(m_stepPens[step.pen]);
+            painter.setBrush(m_stepBrushes[step.brush]);
+            painter.drawEllipse(box);
+        } else {
+            // The inside first, then the outline on the logical pixels.
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(m_stepBrushes[step.brush]);
+            painter.drawEllipse(box);
+            painter.setPen(m_stepPens[step.pen]);
+            painter.setBrush(Qt::NoBrush);
+            const StrokeOnPixels onPixels(painter);
+            painter.drawEllipse(box);
+        }
+        painter.setBrush(Qt::NoBrush);
+        break;
+    }
+    case Step::Other:
+        m_otherSteps[step.brush](painter);
+        break;
+    }
 }
 
 void PictureBox::Replay(QPainter &painter) const
@@ -259,8 +290,8 @@ void PictureBox::Replay(QPainter &painter) const
     painter.save();
     painter.setClipRect(QRect(QPoint(0, 0), client), Qt::IntersectClip);
     painter.fillRect(QRect(QPoint(0, 0), client), TranslateColor(m_backColor));
-    for (const auto &step : m_steps)
-        step(painter);
+    for (const Step &step : m_steps)
+        paintStep(painter, step);
     painter.restore();
 }
 

@@ -168,7 +168,23 @@ private:
     QPoint m_current;
     QFont m_font;
     OleColor m_textColor = 0;
-    std::vector<std::function<void(QPainter &)>> m_steps;
+    // A device call kept to be painted again. Lines and ellipses, thousands in a large scatter
+    // graph, are kept compact with their pen and brush shared while they stay the same; fills
+    // and text, a few per chart, are kept as calls.
+    struct Step {
+        enum Kind : quint8 { Line, Ellipse, Other };
+        Kind kind;
+        quint32 pen;   // index in m_stepPens
+        quint32 brush; // index in m_stepBrushes (Ellipse); index in m_otherSteps (Other)
+        int x1, y1, x2, y2; // Line: from and to; Ellipse: left, top, width, height
+    };
+    quint32 keepPen(const QPen &pen);
+    quint32 keepBrush(const QBrush &brush);
+    void paintStep(QPainter &painter, const Step &step) const;
+    std::vector<Step> m_steps;
+    std::vector<QPen> m_stepPens;
+    std::vector<QBrush> m_stepBrushes;
+    std::vector<std::function<void(QPainter &)>> m_otherSteps;
     bool m_recording = false;
     std::vector<QRect> m_marks;
     std::vector<QRect> m_labelInks;
