@@ -11,10 +11,12 @@
 #include "controls/RowList.h"
 #include "dialogs/AboutFrm.h"
 #include "dialogs/MsgBox.h"
+#include "i18n/CoreTexts.h"
 #include "reaction/SoundBas.h"
 #include "toolbar/ThemedToolbar.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QLabel>
 #include <QPainter>
 #include <QThread>
@@ -58,7 +60,7 @@ void MainFrm::guarded(const std::function<void()> &handler)
     try {
         handler();
     } catch (const zrt::RunTimeError &error) {
-        MsgBox(this, QString::fromStdString(error.message()), vbCritical, windowTitle());
+        MsgBox(this, CoreTexts::tr(error.message()), vbCritical, windowTitle());
     }
 }
 
@@ -136,15 +138,15 @@ void MainFrm::buildToolbar()
         int kind; // 0 push, 1 check, 2 separator
     };
     static const Item items[] = {
-        {"Open", "Open Data File.", 1, 0},
-        {"Clear", "New Data File (clear data)", 2, 0},
-        {"Save", "Save Data File", 3, 0},
+        {"Open", QT_TRANSLATE_NOOP("MainFrm", "Open Data File."), 1, 0},
+        {"Clear", QT_TRANSLATE_NOOP("MainFrm", "New Data File (clear data)"), 2, 0},
+        {"Save", QT_TRANSLATE_NOOP("MainFrm", "Save Data File"), 3, 0},
         {"", "", 0, 2},
-        {"Record", "Record Zorvane reaction times", 4, 1},
+        {"Record", QT_TRANSLATE_NOOP("MainFrm", "Record Zorvane reaction times"), 4, 1},
         {"", "", 0, 2},
-        {"Averages", "Averages and Ranges", 5, 1},
-        {"Groups", "Grouped Data", 6, 1},
-        {"Compare", "Compare visual and audio", 7, 1},
+        {"Averages", QT_TRANSLATE_NOOP("MainFrm", "Averages and Ranges"), 5, 1},
+        {"Groups", QT_TRANSLATE_NOOP("MainFrm", "Grouped Data"), 6, 1},
+        {"Compare", QT_TRANSLATE_NOOP("MainFrm", "Compare visual and audio"), 7, 1},
     };
     for (const Item &item : items) {
         if (item.kind == 2) {
@@ -153,12 +155,12 @@ void MainFrm::buildToolbar()
         }
         ThemedToolbar1->AddButton(zrt::btn::TypeButton, QString(), QString::fromLatin1(item.key),
                                   strip.isNull() ? QImage() : ThemedToolbar::IconFromStrip(strip, item.cell), 32, 0,
-                                  QString::fromLatin1(item.tip), zrt::SystemColor(8), std::nullopt,
+                                  tr(item.tip), zrt::SystemColor(8), std::nullopt,
                                   item.kind == 1 ? zrt::btn::StyleCheck : zrt::btn::StylePush, 0, true,
                                   zrt::RGB(0, 255, 0));
     }
-    ThemedToolbar1->setcMenuItemTitle(QStringLiteral("Information"));
-    ThemedToolbar1->setcMenuItem(1, QStringLiteral("About"));
+    ThemedToolbar1->setcMenuItemTitle(tr("Information"));
+    ThemedToolbar1->setcMenuItem(1, tr("About"));
     ThemedToolbar1->setBtnValue(kRecordButton, true);
     ThemedToolbar1->setThemeColor(3);
     ThemedToolbar1->setVisible(true);

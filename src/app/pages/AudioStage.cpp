@@ -14,6 +14,7 @@
 #include "reaction/SoundBas.h"
 #include "reaction/mStopWatch.h"
 
+#include <QCoreApplication>
 #include <QLabel>
 #include <QTimer>
 
@@ -72,7 +73,7 @@ void AudioStage::build()
     SetPixmapWhenShown(IMmsg1, QStringLiteral(":/images/audio_invitation.png"));
     IMmsg1->resize(218, 183);
 
-    cmdStartAudio = pages::NewButton(m_context, this, QStringLiteral("Start"),
+    cmdStartAudio = pages::NewButton(m_context, this, tr("Start"),
                                      QRect(0, kRunTop, kStartWidth, kButtonHeight), [this] { cmdStartAudio_Click(); });
     l9 = pages::NewLabel(this, QString(), QRect(0, kVerdictTop, kVerdictWidth, 0), true);
     l9->setAlignment(Qt::AlignCenter);
@@ -80,12 +81,12 @@ void AudioStage::build()
     l9->resize(l9->width(), l9->fontMetrics().lineSpacing() * 4 + 4);
     l9->hide();
     for (int i = 0; i < 2; ++i) {
-        cmdadd[i] = pages::NewButton(m_context, this, i == 0 ? QStringLiteral("Add Result") : QStringLiteral("Cancel"),
+        cmdadd[i] = pages::NewButton(m_context, this, i == 0 ? tr("Add Result") : tr("Cancel"),
                                      QRect(0, l9->y() + l9->height() + 4, kStartWidth, kButtonHeight),
                                      [this, i] { cmdadd_Click(i); });
         cmdadd[i]->hide();
     }
-    Label10 = pages::NewLabel(this, QStringLiteral("Reaction Times:"), QRect(kListLeft, kRunTop, kListWidth, 18), true);
+    Label10 = pages::NewLabel(this, tr("Reaction Times:"), QRect(kListLeft, kRunTop, kListWidth, 18), true);
     cl5 = new zrt::RowList(this);
     cl5->setGeometry(kListLeft, kListTop, kListWidth, tw(1710));
 
@@ -118,8 +119,8 @@ void AudioStage::P5_Resize()
 
 void AudioStage::open(const QString &visualMean)
 {
-    l9->setText(QStringLiteral("Average reaction time ") + "\n" + QStringLiteral("Visual: ") + visualMean +
-                QStringLiteral(" seconds"));
+    l9->setText(tr("Average reaction time ") + "\n" + tr("Visual: ") + visualMean +
+                tr(" seconds"));
     l9->show();
     show();
     raise();
@@ -130,9 +131,9 @@ void AudioStage::open(const QString &visualMean)
 
 void AudioStage::TellNoSoundOutput()
 {
-    zrt::msg_Box(QStringLiteral("This computer has no sound output, so the audio test can't be run.") + "\n" +
-                     QStringLiteral("Connect speakers or headphones and start again, or press Cancel."),
-                 vbExclamation, QStringLiteral("No Sound"), window());
+    zrt::msg_Box(tr("This computer has no sound output, so the audio test can't be run.") + "\n" +
+                     tr("Connect speakers or headphones and start again, or press Cancel."),
+                 vbExclamation, tr("No Sound"), window());
 }
 
 void AudioStage::StartAudioDelay()
@@ -231,11 +232,13 @@ void AudioStage::showVerdict(const QString &mean)
 {
     const QString old = l9->text();
     if (m_record.run.tooSlow(zrt::Sense::Audio)) {
-        l9->setText(old.left(std::max<qsizetype>(0, old.size() - 8)) + QStringLiteral(" Audio: ") + mean + "\n" +
-                    QStringLiteral("Far too slow! please try again."));
+        // The heading's " seconds" gives way to the audio mean.
+        const qsizetype seconds = tr(" seconds").size();
+        l9->setText(old.left(std::max<qsizetype>(0, old.size() - seconds)) + tr(" Audio: ") + mean + "\n" +
+                    tr("Far too slow! please try again."));
         cmdadd[0]->setEnabled(false);
     } else {
-        l9->setText(old + "\n" + QStringLiteral("Audio: ") + mean + QStringLiteral(" seconds"));
+        l9->setText(old + "\n" + tr("Audio: ") + mean + tr(" seconds"));
         cmdadd[0]->setEnabled(true);
     }
     cmdadd[0]->show();
