@@ -750,6 +750,21 @@ Das Programm startet mit seinen eigenen Einstellungen und Tönen und ändert die
     </message>
 </context>
 <context>
+    <name>MsgBox</name>
+    <message>
+        <source>&amp;Yes</source>
+        <translation>&amp;Ja</translation>
+    </message>
+    <message>
+        <source>&amp;No</source>
+        <translation>&amp;Nein</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
     <name>RecordPage</name>
     <message>
         <source>Start</source>

@@ -4,6 +4,7 @@
 #include "files/REGbas1.h"
 
 #include <QCoreApplication>
+#include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
 
@@ -14,6 +15,7 @@ namespace Language {
 namespace {
 
 std::unique_ptr<QTranslator> g_translator;
+std::unique_ptr<QTranslator> g_qtTranslator; // Qt's own texts (file dialogs), where installed
 QString g_current = QStringLiteral("en");
 
 QString settingsPath(const QString &settingsFile)
@@ -57,9 +59,11 @@ QString chosen(const QString &settingsFile)
 bool load(const QString &code)
 {
     InitResources();
-    if (g_translator) {
-        QCoreApplication::removeTranslator(g_translator.get());
-        g_translator.reset();
+    for (auto *slot : {&g_translator, &g_qtTranslator}) {
+        if (*slot) {
+            QCoreApplication::removeTranslator(slot->get());
+            slot->reset();
+        }
     }
     g_current = QStringLiteral("en");
     if (code == QLatin1String("en") || !available().contains(code))
@@ -67,6 +71,12 @@ bool load(const QString &code)
     auto translator = std::make_unique<QTranslator>();
     if (!translator->load(QStringLiteral(":/i18n/zorvanes_") + code + QStringLiteral(".qm")))
         return false;
+    auto qt = std::make_unique<QTranslator>();
+    if (qt->load(QStringLiteral("qtbase_") + code, QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        QCoreApplication::installTranslator(qt.get());
+        g_qtTranslator = std::move(qt);
+    }
+    // Installed last, so that the program's own texts win over Qt's.
     QCoreApplication::installTranslator(translator.get());
     g_translator = std::move(translator);
     g_current = code;

@@ -10,14 +10,20 @@
 #include "common/RunTimeError.h"
 #include "controls/ShapedTabs.h"
 #include "controls/ucTableView.h"
+#include "dialogs/MsgBoxes.h"
+#include "dialogs/msgFrm.h"
 #include "files/RtdFile.h"
 #include "i18n/CoreTexts.h"
 #include "stats/Averages.h"
 #include "stats/Spearman.h"
 
+#include <QApplication>
 #include <QCoreApplication>
 #include <QFile>
 #include <QLocale>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
 #include <QTemporaryDir>
 #include <QTextEdit>
 #include <QXmlStreamReader>
@@ -361,6 +367,46 @@ TEST_F(LanguageTest, NoEnglishTextIsLeftOnAnyPage)
         EXPECT_TRUE(shown.contains(QString::fromUtf8(german))) << german;
     const QStringList left = EnglishLeft(shown);
     EXPECT_TRUE(left.isEmpty()) << left.join('\n').toStdString();
+}
+
+TEST_F(LanguageTest, BalloonsSpeakGerman)
+{
+    // The balloon's own buttons, and a page's explanation in it.
+    QStringList buttons;
+    QString title, text;
+    zrt::msgFrm::setShownHook([&](zrt::msgFrm &box) {
+        for (int i = 0; i < 3; ++i)
+            if (box.cmd1(i) && box.cmd1(i)->isVisibleTo(&box))
+                buttons << box.cmd1(i)->text();
+        title = box.LblTitle()->text();
+        text = box.lblmsg()->text();
+        box.done(1);
+    });
+    zrt::msg_Box(QStringLiteral("?"), 3 | vbQuestion, QString(), window.get()); // 3: Yes, No and Cancel
+    EXPECT_EQ(buttons, (QStringList{"Ja", "Nein", "Abbrechen"}));
+
+    Six();
+    window->ClickToolbarButton("Averages");
+    window->averages->Tab1_Click(1);
+    QTest::mouseClick(window->averages->cmdinfo, Qt::LeftButton);
+    zrt::msgFrm::setShownHook({});
+    EXPECT_EQ(title, QString::fromUtf8("Ausreißer"));
+    EXPECT_TRUE(text.startsWith(QString::fromUtf8("Ein Ausreißer ist"))) << text.toStdString();
+
+    // The system message box as well: its buttons are the program's texts, not Qt's English.
+    SetMsgBoxHook({});
+    QStringList boxButtons;
+    QTimer::singleShot(0, [&] {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        if (!box)
+            return;
+        for (QAbstractButton *button : box->buttons())
+            boxButtons << button->text();
+        box->button(QMessageBox::No)->click();
+    });
+    EXPECT_EQ(MsgBox(window.get(), QStringLiteral("?"), vbYesNo | vbQuestion, QString()), vbNo);
+    boxButtons.sort();
+    EXPECT_EQ(boxButtons, (QStringList{"&Ja", "&Nein"}));
 }
 
 TEST_F(LanguageTest, GermanTextsFitTheirLabelsAndButtons)
