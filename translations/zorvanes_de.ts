@@ -443,6 +443,34 @@ Untere Ausreißergrenze = Q1 - (1.5 x IQR) und obere Ausreißergrenze = Q3 + (1.
         <source>N/A</source>
         <translation>keiner</translation>
     </message>
+    <message>
+        <source>it is larger than </source>
+        <translation>sie ist größer als </translation>
+    </message>
+    <message>
+        <source>the file is not there</source>
+        <translation>die Datei ist nicht vorhanden</translation>
+    </message>
+    <message>
+        <source>it is a folder</source>
+        <translation>es ist ein Ordner</translation>
+    </message>
+    <message>
+        <source>it is not an ordinary file</source>
+        <translation>es ist keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>the file can&apos;t be opened</source>
+        <translation>die Datei lässt sich nicht öffnen</translation>
+    </message>
+    <message>
+        <source>the file can&apos;t be read</source>
+        <translation>die Datei lässt sich nicht lesen</translation>
+    </message>
+    <message>
+        <source>it holds no wave sound the program can play</source>
+        <translation>sie enthält keinen Wave-Ton, den das Programm abspielen kann</translation>
+    </message>
 </context>
 <context>
     <name>CumulativeFrequency</name>

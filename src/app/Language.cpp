@@ -85,9 +85,8 @@ bool load(const QString &code)
 
 QString current() { return g_current; }
 
-void installLanguage(QCoreApplication &app, const QString &settingsFile)
+void installLanguage(QCoreApplication &, const QString &settingsFile)
 {
-    (void)app; // the translator is the application's; the parameter says it must exist already
     load(chosen(settingsPath(settingsFile)));
 }
 
@@ -97,7 +96,6 @@ bool setLanguage(const QString &code, const QString &settingsFile)
         return false;
     const zrt::FileWrite written =
         REGbas1::WriteIniValue("Settings", "Language", code.toStdString(), settingsPath(settingsFile).toStdString());
-    load(code);
     return written.ok;
 }
 

@@ -31,12 +31,13 @@ bool load(const QString &code);
 // The code whose translation is installed, "en" when none is.
 QString current();
 
-// Loads the chosen language before the window is built. settingsFile empty: the
-// Zorvanes.ini of the documents folder.
+// Loads the chosen language into the application (which must exist: translators are its own)
+// before the window is built. settingsFile empty: the Zorvanes.ini of the documents folder.
 void installLanguage(QCoreApplication &app, const QString &settingsFile = QString());
 
-// Stores the choice for the next start and loads it now. False when the code is not offered
-// or the settings file could not be written.
+// Stores the choice for the next start; the window built now keeps its language (its texts
+// are set once, when it is built). False when the code is not offered or the settings file
+// could not be written.
 bool setLanguage(const QString &code, const QString &settingsFile = QString());
 
 } // namespace Language

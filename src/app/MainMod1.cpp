@@ -2,6 +2,7 @@
 
 #include "files/IniDocument.h"
 #include "files/REGbas1.h"
+#include "i18n/CoreTexts.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -109,12 +110,13 @@ bool Startup(const QString &documentsFolder, const std::function<void(const QStr
         report(QStringLiteral("Zorvane Reaction Times"),
                QCoreApplication::translate("MainMod1", "The settings file ") + SettingsFile +
                    QCoreApplication::translate("MainMod1", " can't be read: ") +
-                   QString::fromStdString(read.reason) +
+                   CoreTexts::tr(read.reason) +
                    QCoreApplication::translate("MainMod1", ".\nThe program starts with its own settings and sounds and "
                                                            "does not change that file."));
     Sounds = SoundBas::LoadSounds(SettingsFile, &BuiltInSound);
     if (!Sounds.LoadProblems.isEmpty())
-        report(QStringLiteral("Zorvane Reaction Times"), Sounds.LoadProblems.join(QStringLiteral("\n\n")));
+        report(QStringLiteral("Zorvane Reaction Times"),
+               CoreTexts::tr(Sounds.LoadProblems.join(QStringLiteral("\n\n")).toStdString()));
     // The sounds are converted for the output once, soon after the window is up (looking the
     // output up can take a while, and the first paint should not wait for it), so that a press
     // later only hands kept samples to the sink.

@@ -23,7 +23,7 @@ QString StartFolder(const char *key, const zrt::DataFilePlaces &places)
 
 QString Reason(const std::string &reason)
 {
-    return QString::fromStdString(reason);
+    return CoreTexts::tr(reason);
 }
 
 // A file that could not be written: the balloon names it and says why.

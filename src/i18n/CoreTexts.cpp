@@ -79,6 +79,14 @@ const char *const kPhrases[] = {
     QT_TRANSLATE_NOOP("CoreTexts",
                       "The times are too large, or too many, to add up at this precision; a coarser one may help."),
     QT_TRANSLATE_NOOP("CoreTexts", "Spearman's rank needs at least two pairs of times."),
+    // Why a file could not be read
+    QT_TRANSLATE_NOOP("CoreTexts", "it is larger than "),
+    QT_TRANSLATE_NOOP("CoreTexts", "the file is not there"),
+    QT_TRANSLATE_NOOP("CoreTexts", "it is a folder"),
+    QT_TRANSLATE_NOOP("CoreTexts", "it is not an ordinary file"),
+    QT_TRANSLATE_NOOP("CoreTexts", "the file can't be opened"),
+    QT_TRANSLATE_NOOP("CoreTexts", "the file can't be read"),
+    QT_TRANSLATE_NOOP("CoreTexts", "it holds no wave sound the program can play"),
     // Data files
     QT_TRANSLATE_NOOP("CoreTexts", "Reaction Time Data (*.rtd)"),
     QT_TRANSLATE_NOOP("CoreTexts", " Save the Reation Time Data as:"),
