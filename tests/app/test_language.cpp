@@ -5,6 +5,7 @@
 #include "MainWindowFixture.h"
 
 #include "app/Language.h"
+#include "app/pages/PageWidgets.h"
 #include "charts/BoxPlots.h"
 #include "charts/StemAndLeaf.h"
 #include "common/RunTimeError.h"
@@ -374,6 +375,18 @@ TEST_F(LanguageTest, NoEnglishTextIsLeftOnAnyPage)
     EXPECT_TRUE(left.isEmpty()) << left.join('\n').toStdString();
 }
 
+TEST_F(LanguageTest, TheInvitationsArePicturesWithGermanWords)
+{
+    // The invitations are pictures with words in them: German ones in a German window.
+    const QImage english(QStringLiteral(":/images/start_invitation.png"));
+    const QImage german(QStringLiteral(":/images/start_invitation_de.png"));
+    ASSERT_FALSE(german.isNull());
+    EXPECT_NE(german, english);
+    EXPECT_EQ(window->P3->IMmsg->pixmap().toImage().convertToFormat(german.format()), german);
+    EXPECT_EQ(PictureInLanguage(":/images/audio_invitation.png"), ":/images/audio_invitation_de.png");
+    EXPECT_EQ(PictureInLanguage(":/images/record_stage.png"), ":/images/record_stage.png") << "no words, no German";
+}
+
 TEST_F(LanguageTest, BalloonsSpeakGerman)
 {
     // The balloon's own buttons, and a page's explanation in it.
@@ -435,6 +448,8 @@ TEST_F(MainWindowTest, WithoutATranslationTheWindowStaysEnglish)
     const QStringList shown = VisibleTexts(window.get());
     EXPECT_TRUE(shown.contains("Reaction Times:"));
     EXPECT_TRUE(shown.contains("Number of attempts:"));
+    EXPECT_EQ(window->P3->IMmsg->pixmap().toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied),
+              QImage(":/images/start_invitation.png").convertToFormat(QImage::Format_ARGB32_Premultiplied));
 
     // The measure of the German texts holds for the English ones.
     for (auto [visual, audio] : {std::pair{"0.23", "0.31"}, {"0.27", "0.35"}, {"0.31", "0.3"}, {"0.25", "0.29"},

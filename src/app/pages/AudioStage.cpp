@@ -70,7 +70,7 @@ void AudioStage::build()
     ucGifPlayer2->setGeometry(width(), 220, 179, 174);
 
     IMmsg1 = new QLabel(this);
-    SetPixmapWhenShown(IMmsg1, QStringLiteral(":/images/audio_invitation.png"));
+    SetPixmapWhenShown(IMmsg1, PictureInLanguage(QStringLiteral(":/images/audio_invitation.png")));
     IMmsg1->resize(218, 183);
 
     cmdStartAudio = pages::NewButton(m_context, this, tr("Start"),

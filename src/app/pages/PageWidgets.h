@@ -43,6 +43,10 @@ zrt::ShapedTabs *NewTabs(const PageContext &context, QWidget *page, const QStrin
 
 // The bytes of a compiled-in resource; empty when it is missing.
 QByteArray ResourceBytes(const QString &path);
+
+// A picture with words in it in the window's language: ":/images/x.png" becomes
+// ":/images/x_de.png" in German where that picture exists.
+QString PictureInLanguage(const QString &path);
 // What the window stores for a character player: its picture, scaled down only, built after load.
 QVariantMap CharacterProperties(const QByteArray &gif);
 

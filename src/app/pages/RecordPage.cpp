@@ -65,7 +65,7 @@ void RecordPage::build()
     setPicture(QImage(QStringLiteral(":/images/record_stage.png")));
 
     IMmsg = new QLabel(this);
-    IMmsg->setPixmap(QPixmap(QStringLiteral(":/images/start_invitation.png")));
+    IMmsg->setPixmap(QPixmap(PictureInLanguage(QStringLiteral(":/images/start_invitation.png"))));
     IMmsg->resize(225, 178);
 
     command1 = pages::NewButton(m_context, this, tr("Start"), QRect(0, kRunTop, kStartWidth, kButtonHeight),
