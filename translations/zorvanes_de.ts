@@ -486,6 +486,14 @@ Untere Ausreißergrenze = Q1 - (1.5 x IQR) und obere Ausreißergrenze = Q3 + (1.
         <source>time(t)</source>
         <translation>Zeit(t)</translation>
     </message>
+    <message>
+        <source> Freq </source>
+        <translation> Häuf. </translation>
+    </message>
+    <message>
+        <source>   CF   </source>
+        <translation>   SH   </translation>
+    </message>
 </context>
 <context>
     <name>DataColumn</name>

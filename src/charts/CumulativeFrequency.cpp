@@ -57,7 +57,7 @@ void DrawFrequencyTable(ChartFrame &f, const ClassTable &t)
     f.ForeColor(0);
     f.DrawWidth(2);
     col.c = Drawings::MeasureFont(g, 0, LastLabel(t, false));
-    DrawTableFrame(f, t, col, QStringLiteral(" Freq "));
+    DrawTableFrame(f, t, col, QCoreApplication::translate("CumulativeFrequency", " Freq "));
     for (size_t i = 0; i < t.rows.size(); ++i)
         f.Label(col.c + col.x + 30, Pos(RowTop(f, g, static_cast<int>(i))), QString::number(t.rows[i].frequency),
                 g, 0, 0, false, false);
@@ -73,7 +73,7 @@ void DrawCumulativeTable(ChartFrame &f, const ClassTable &t, bool showCF)
                        QString::fromStdString(t.rows[i].cumulativeLabel), g, true, 0);
     f.DrawWidth(2);
     col.c = Drawings::MeasureFont(g, 0, LastLabel(t, true));
-    DrawTableFrame(f, t, col, QStringLiteral("   CF   "));
+    DrawTableFrame(f, t, col, QCoreApplication::translate("CumulativeFrequency", "   CF   "));
     if (!showCF)
         return;
     f.ForeColor(AnswerColour);
