@@ -375,6 +375,25 @@ TEST_F(LanguageTest, NoEnglishTextIsLeftOnAnyPage)
     EXPECT_TRUE(left.isEmpty()) << left.join('\n').toStdString();
 }
 
+TEST_F(LanguageTest, ATooSlowAudioRunReplacesTheWholeGermanSecondsWord)
+{
+    // The verdict drops the heading's unit for the audio mean: " Sekunden" is longer than
+    // " seconds", and no letter of it may be left behind.
+    VisualRun({300, 300, 300, 300});
+    ASSERT_TRUE(window->P5->isVisible());
+    QTest::mouseClick(window->P5->cmdStartAudio, Qt::LeftButton);
+    for (int i = 0; i < 4; ++i) {
+        window->timers().fire(TimerAudioCue);
+        ASSERT_TRUE(window->P5->cueSounding());
+        g_counter += 1500;
+        QTest::mousePress(window->P5->ucgif, Qt::LeftButton, Qt::NoModifier, QPoint(50, 200));
+    }
+    EXPECT_EQ(window->P5->l9->text(),
+              QString::fromUtf8("Durchschnittliche Reaktionszeit \nVisuell: 0.3 Auditiv: 1.5\n"
+                                "Viel zu langsam! Bitte versuche es noch einmal."));
+    EXPECT_FALSE(window->P5->cmdadd[0]->isEnabled());
+}
+
 TEST_F(LanguageTest, TheInvitationsArePicturesWithGermanWords)
 {
     // The invitations are pictures with words in them: German ones in a German window.
