@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # Installs what the build, the program and the tests need on Debian 12, skipping what is there.
 set -euo pipefail
+# qt6-tools-dev brings the CMake package of the Linguist tools, qt6-l10n-tools lupdate and lrelease.
 packages=(build-essential cmake ninja-build pkg-config
-          qt6-base-dev qt6-multimedia-dev qt6-svg-dev libgl1-mesa-dev
+          qt6-base-dev qt6-multimedia-dev qt6-svg-dev qt6-tools-dev qt6-l10n-tools libgl1-mesa-dev
           libgtest-dev libbenchmark-dev
           fonts-liberation xvfb xauth poppler-utils
           libx11-dev libxtst-dev pulseaudio pulseaudio-utils)

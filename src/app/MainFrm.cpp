@@ -5,6 +5,8 @@
 
 #include "app/MainMod1.h"
 #include "app/PagePanel.h"
+#include "charts/ChartPictures.h"
+#include "charts/PictureBox.h"
 #include "common/RunTimeError.h"
 #include "controls/Check.h"
 #include "controls/DropPanel.h"
@@ -12,10 +14,12 @@
 #include "dialogs/AboutFrm.h"
 #include "dialogs/MsgBox.h"
 #include "files/REGbas1.h"
+#include "i18n/CoreTexts.h"
 #include "reaction/SoundBas.h"
 #include "toolbar/ThemedToolbar.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QLabel>
 #include <QPainter>
 #include <QShortcut>
@@ -63,7 +67,7 @@ void MainFrm::guarded(const std::function<void()> &handler)
     try {
         handler();
     } catch (const zrt::RunTimeError &error) {
-        MsgBox(this, QString::fromStdString(error.message()), vbCritical, windowTitle());
+        MsgBox(this, CoreTexts::tr(error.message()), vbCritical, windowTitle());
     }
 }
 
@@ -134,9 +138,9 @@ void MainFrm::buildPages()
                                                               MainMod1::SettingsFile.toStdString());
         if (!written.ok)
             MsgBox(this,
-                   QStringLiteral("The setting could not be kept in ") + MainMod1::SettingsFile + QStringLiteral(" (") +
-                       QString::fromStdString(written.reason) + QStringLiteral(").\nIt holds until the program ends."),
-                   vbExclamation, QStringLiteral("Settings Not Saved"));
+                   tr("The setting could not be kept in %1 (%2).\nIt holds until the program ends.")
+                       .arg(MainMod1::SettingsFile, QString::fromStdString(written.reason)),
+                   vbExclamation, tr("Settings Not Saved"));
     });
     connect(P2, &DataColumn::countChanged, this, [this] { Label5_Change(); });
     connect(P2, &DataColumn::choiceChanged, this, [this] { Refresh_Data(); });
@@ -154,15 +158,15 @@ void MainFrm::buildToolbar()
         int kind; // 0 push, 1 check, 2 separator
     };
     static const Item items[] = {
-        {"Open", "Open Data File.", 1, 0},
-        {"Clear", "New Data File (clear data)", 2, 0},
-        {"Save", "Save Data File", 3, 0},
+        {"Open", QT_TRANSLATE_NOOP("MainFrm", "Open Data File."), 1, 0},
+        {"Clear", QT_TRANSLATE_NOOP("MainFrm", "New Data File (clear data)"), 2, 0},
+        {"Save", QT_TRANSLATE_NOOP("MainFrm", "Save Data File"), 3, 0},
         {"", "", 0, 2},
-        {"Record", "Record Zorvane reaction times", 4, 1},
+        {"Record", QT_TRANSLATE_NOOP("MainFrm", "Record Zorvane reaction times"), 4, 1},
         {"", "", 0, 2},
-        {"Averages", "Averages and Ranges", 5, 1},
-        {"Groups", "Grouped Data", 6, 1},
-        {"Compare", "Compare visual and audio", 7, 1},
+        {"Averages", QT_TRANSLATE_NOOP("MainFrm", "Averages and Ranges"), 5, 1},
+        {"Groups", QT_TRANSLATE_NOOP("MainFrm", "Grouped Data"), 6, 1},
+        {"Compare", QT_TRANSLATE_NOOP("MainFrm", "Compare visual and audio"), 7, 1},
     };
     for (const Item &item : items) {
         if (item.kind == 2) {
@@ -171,12 +175,12 @@ void MainFrm::buildToolbar()
         }
         ThemedToolbar1->AddButton(zrt::btn::TypeButton, QString(), QString::fromLatin1(item.key),
                                   strip.isNull() ? QImage() : ThemedToolbar::IconFromStrip(strip, item.cell), 32, 0,
-                                  QString::fromLatin1(item.tip), zrt::SystemColor(8), std::nullopt,
+                                  tr(item.tip), zrt::SystemColor(8), std::nullopt,
                                   item.kind == 1 ? zrt::btn::StyleCheck : zrt::btn::StylePush, 0, true,
                                   zrt::RGB(0, 255, 0));
     }
-    ThemedToolbar1->setcMenuItemTitle(QStringLiteral("Information"));
-    ThemedToolbar1->setcMenuItem(1, QStringLiteral("About"));
+    ThemedToolbar1->setcMenuItemTitle(tr("Information"));
+    ThemedToolbar1->setcMenuItem(1, tr("About"));
     ThemedToolbar1->setBtnValue(kRecordButton, true);
     ThemedToolbar1->setThemeColor(3);
     ThemedToolbar1->setVisible(true);
@@ -212,6 +216,18 @@ void MainFrm::buildShortcuts()
         auto *shortcut = new QShortcut(QKeySequence(Qt::CTRL | digit), this);
         connect(shortcut, &QShortcut::activated, this, [this, page] { choosePage(page); });
     }
+    // The chart that shows, to the clipboard.
+    auto *copyChart = new QShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C), this);
+    connect(copyChart, &QShortcut::activated, this, [this] {
+        for (auto *page : p4) {
+            if (!page->isVisible())
+                continue;
+            for (auto *surface : page->findChildren<zrt::PictureBox *>())
+                if (surface->isVisible())
+                    if (auto *menu = zrt::ChartPictureMenu::Of(surface))
+                        menu->Run(zrt::ChartPictureMenu::Copy);
+        }
+    });
     auto *about = new QShortcut(QKeySequence(Qt::Key_F1), this);
     connect(about, &QShortcut::activated, this, [this] { zrt::AboutFrm::ShowAbout(QStringLiteral(ZRT_VERSION), this); });
 }

@@ -2,6 +2,7 @@
 
 #include "files/IniDocument.h"
 #include "files/REGbas1.h"
+#include "i18n/CoreTexts.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -74,10 +75,13 @@ bool EnsureSettingsFile(const QString &path)
 
 QString SettingsFailureText(const QString &path)
 {
-    return QStringLiteral("This software failed to create the file ") + path + QLatin1Char('\n') +
-           QStringLiteral("This file is required by the program for saving settings") + QLatin1Char('\n') +
-           QStringLiteral("Please create an empty text file and save it as ") + QLatin1String(kSettingsFileName) +
-           QStringLiteral(" in the My Documents folder then restart the program.");
+    return QCoreApplication::translate("MainMod1", "This software failed to create the file ") + path +
+        QLatin1Char('\n') +
+        QCoreApplication::translate("MainMod1", "This file is required by the program for saving settings") +
+        QLatin1Char('\n') +
+        QCoreApplication::translate("MainMod1", "Please create an empty text file and save it as ") +
+        QLatin1String(kSettingsFileName) +
+        QCoreApplication::translate("MainMod1", " in the My Documents folder then restart the program.");
 }
 
 QByteArray BuiltInSound(int i)
@@ -95,7 +99,7 @@ bool Startup(const QString &documentsFolder, const std::function<void(const QStr
     DocumentsFolder = withSeparator(documentsFolder);
     SettingsFile = DocumentsFolder + QLatin1String(kSettingsFileName);
     if (!EnsureSettingsFile(SettingsFile)) {
-        report(QLatin1String(kSettingsFailureCaption), SettingsFailureText(SettingsFile));
+        report(QCoreApplication::translate("MainMod1", kSettingsFailureCaption), SettingsFailureText(SettingsFile));
         return false;
     }
     // A settings file that can't be read (too large, a device, a pipe) is reported and left
@@ -104,13 +108,15 @@ bool Startup(const QString &documentsFolder, const std::function<void(const QStr
     const zrt::FileRead read = zrt::IniDocument::read(SettingsFile.toStdString(), settings);
     if (!read.ok() && read.status != zrt::ReadStatus::Missing)
         report(QStringLiteral("Zorvane Reaction Times"),
-               QStringLiteral("The settings file ") + SettingsFile + QStringLiteral(" can't be read: ") +
-                   QString::fromStdString(read.reason) +
-                   QStringLiteral(".\nThe program starts with its own settings and sounds and does not change "
-                                  "that file."));
+               QCoreApplication::translate("MainMod1", "The settings file ") + SettingsFile +
+                   QCoreApplication::translate("MainMod1", " can't be read: ") +
+                   CoreTexts::tr(read.reason) +
+                   QCoreApplication::translate("MainMod1", ".\nThe program starts with its own settings and sounds and "
+                                                           "does not change that file."));
     Sounds = SoundBas::LoadSounds(SettingsFile, &BuiltInSound);
     if (!Sounds.LoadProblems.isEmpty())
-        report(QStringLiteral("Zorvane Reaction Times"), Sounds.LoadProblems.join(QStringLiteral("\n\n")));
+        report(QStringLiteral("Zorvane Reaction Times"),
+               CoreTexts::tr(Sounds.LoadProblems.join(QStringLiteral("\n\n")).toStdString()));
     // The sounds are converted for the output once, soon after the window is up (looking the
     // output up can take a while, and the first paint should not wait for it), so that a press
     // later only hands kept samples to the sink.

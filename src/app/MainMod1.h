@@ -33,7 +33,7 @@ bool EnsureSettingsFile(const QString &path);
 
 // The three lines of the message shown when the settings file can't be made.
 QString SettingsFailureText(const QString &path);
-inline constexpr const char *kSettingsFailureCaption = "Can't find ini file";
+inline constexpr const char *kSettingsFailureCaption = QT_TRANSLATE_NOOP("MainMod1", "Can't find ini file");
 
 // The built-in sound i (1..4) of the program's resources.
 QByteArray BuiltInSound(int i);

@@ -1,4 +1,5 @@
 #include "app/FirstPaintQuits.h"
+#include "app/Language.h"
 #include "app/MainFrm.h"
 #include "app/MainMod1.h"
 #include "app/TestProbe.h"
@@ -14,6 +15,7 @@ int main(int argc, char *argv[])
     QApplication::setApplicationVersion(QStringLiteral(ZRT_VERSION));
     InitResources();
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/images/icon.png")));
+    Language::installLanguage(app);
 
     const bool ready = MainMod1::Startup(MainMod1::GetSpecialFolderPath(), [](const QString &caption,
                                                                               const QString &text) {

@@ -4,6 +4,7 @@
 #include "charts/Drawings.h"
 #include "common/NumberText.h"
 #include "common/RunTimeError.h"
+#include "i18n/CoreTexts.h"
 #include "stats/Maths.h"
 
 #include <algorithm>
@@ -253,7 +254,7 @@ void DrawBoxPlot(PictureBox &pBox, const std::vector<int> &sorted, const Analysi
     f.Line(x0, axisY, last, axisY);
     if (showBox)
         plot.DrawBox(sorted, r);
-    f.Label(Pos(f.w() * 0.3), Pos(f.h() * 0.9), QString::fromLatin1(ScaleCaption), 18, 0, 0, true);
+    f.Label(Pos(f.w() * 0.3), Pos(f.h() * 0.9), CoreTexts::tr(ScaleCaption), 18, 0, 0, true);
     pBox.Refresh();
     f.Finish();
 }

@@ -4,6 +4,8 @@
 #include "charts/GroupedFrame.h"
 #include "common/RunTimeError.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <cmath>
 
@@ -37,7 +39,7 @@ void DrawTableFrame(ChartFrame &f, const ClassTable &t, const TableColumn &col, 
     f.Fill(col.x, Pos(f.h() * 0.07), HeaderFillColour);
 
     f.Line(col.c + col.x + 5, 15, col.c + col.x + 5, bottom);
-    f.Label(Pos(f.w() * 0.01 + col.x), 15, QStringLiteral("Time (t)"), 20, 0, 1);
+    f.Label(Pos(f.w() * 0.01 + col.x), 15, QCoreApplication::translate("CumulativeFrequency", "Time (t)"), 20, 0, 1);
     f.Label(col.c + col.x + 15, 15, valueHeader, 18, 0, 1);
 }
 
@@ -55,7 +57,7 @@ void DrawFrequencyTable(ChartFrame &f, const ClassTable &t)
     f.ForeColor(0);
     f.DrawWidth(2);
     col.c = Drawings::MeasureFont(g, 0, LastLabel(t, false));
-    DrawTableFrame(f, t, col, QStringLiteral(" Freq "));
+    DrawTableFrame(f, t, col, QCoreApplication::translate("CumulativeFrequency", " Freq "));
     for (size_t i = 0; i < t.rows.size(); ++i)
         f.Label(col.c + col.x + 30, Pos(RowTop(f, g, static_cast<int>(i))), QString::number(t.rows[i].frequency),
                 g, 0, 0, false, false);
@@ -71,7 +73,7 @@ void DrawCumulativeTable(ChartFrame &f, const ClassTable &t, bool showCF)
                        QString::fromStdString(t.rows[i].cumulativeLabel), g, true, 0);
     f.DrawWidth(2);
     col.c = Drawings::MeasureFont(g, 0, LastLabel(t, true));
-    DrawTableFrame(f, t, col, QStringLiteral("   CF   "));
+    DrawTableFrame(f, t, col, QCoreApplication::translate("CumulativeFrequency", "   CF   "));
     if (!showCF)
         return;
     f.ForeColor(AnswerColour);
@@ -102,10 +104,11 @@ public:
         m_f.LineTo(m, h - m);
         m_f.LineTo(w - m, h - m);
 
-        const QString cf = QStringLiteral("CF");
+        const QString cf = QCoreApplication::translate("CumulativeFrequency", "CF");
         const QRect cfInk = Drawings::LabelInk(m - 10, m - 20, 18, 0, false, cf);
-        const int time = Drawings::MeasureFont(16, 0, QStringLiteral("time(t)"));
-        const QRect timeInk = Drawings::LabelInk(w - time - 15, h - 20, 18, 0, false, QStringLiteral("time(t)"));
+        const int time = Drawings::MeasureFont(16, 0, QCoreApplication::translate("CumulativeFrequency", "time(t)"));
+        const QRect timeInk = Drawings::LabelInk(w - time - 15, h - 20, 18, 0, false,
+                                                 QCoreApplication::translate("CumulativeFrequency", "time(t)"));
 
         // Frequencies up the side. Ticks closer than the pen is wide, and numbers closer than
         // their digits are tall, would merge into a bar: only every k-th is drawn then. A number
@@ -141,7 +144,7 @@ public:
                 m_f.Label(x - 10, h - m + 3, text, 16);
         }
         m_f.Label(m - 10, m - 20, cf, 18);
-        m_f.Label(w - time - 15, h - 20, QStringLiteral("time(t)"), 18);
+        m_f.Label(w - time - 15, h - 20, QCoreApplication::translate("CumulativeFrequency", "time(t)"), 18);
     }
 
     // Circles filled green, joined in order, and the segment from the lowest class's lower bound.

@@ -2,6 +2,9 @@
 
 #include "charts/Drawings.h"
 #include "charts/GroupedFrame.h"
+#include "i18n/CoreTexts.h"
+
+#include <QCoreApplication>
 
 namespace zrt {
 
@@ -20,23 +23,24 @@ Columns DrawHeaders(ChartFrame &f, const ClassTable &t)
     const int w = f.w();
     const int bottom = TableBottom(f, t);
     Columns c;
-    f.Label(Pos(w * 0.06), 15, QStringLiteral("Time (t)"), 20, 0, 1);
+    f.Label(Pos(w * 0.06), 15, QCoreApplication::translate("EstimatedMeanTable", "Time (t)"), 20, 0, 1);
 
     const int labelWidth = Drawings::MeasureFont(t.rowHeight, 0, LastLabel(t, false));
     c.frequencyDivider = Pos(w * 0.05 + labelWidth + 5.0);
     f.Line(c.frequencyDivider, 15, c.frequencyDivider, bottom);
-    f.Label(Pos(w * 0.05 + labelWidth + 15.0), 15, QStringLiteral("Frequency"), 20, 0, 1);
+    f.Label(Pos(w * 0.05 + labelWidth + 15.0), 15, QCoreApplication::translate("EstimatedMeanTable", "Frequency"), 20,
+            0, 1);
     c.frequency = w * 0.05 + labelWidth + 30.0;
 
-    const int e = Drawings::MeasureFont(20, 0, QStringLiteral("Frequency"));
+    const int e = Drawings::MeasureFont(20, 0, QCoreApplication::translate("EstimatedMeanTable", "Frequency"));
     c.mid = Pos(w * 0.05 + labelWidth + 30.0 + e);
     f.Line(c.mid, 15, c.mid, bottom);
-    f.Label(c.mid + 15, 15, QStringLiteral("Mid (t)"), 20, 0, 1);
+    f.Label(c.mid + 15, 15, QCoreApplication::translate("EstimatedMeanTable", "Mid (t)"), 20, 0, 1);
 
-    const int m = Drawings::MeasureFont(20, 0, QStringLiteral("Mid (t)"));
+    const int m = Drawings::MeasureFont(20, 0, QCoreApplication::translate("EstimatedMeanTable", "Mid (t)"));
     c.product = c.mid + m + 30;
     f.Line(c.product, 15, c.product, bottom);
-    f.Label(c.product + 15, 15, QStringLiteral("f x Mid(t)"), 20, 0, 1);
+    f.Label(c.product + 15, 15, QCoreApplication::translate("EstimatedMeanTable", "f x Mid(t)"), 20, 0, 1);
     return c;
 }
 
@@ -55,7 +59,7 @@ void DrawResults(ChartFrame &f, const ClassTable &t, const Columns &c)
     f.Label(c.product + 15, totals, QString::number(t.productTotal), 20);
     f.Label(Pos(c.frequency), totals, QString::number(t.frequencyTotal), 20);
 
-    const QString mean = QString::fromStdString(EstimatedMeanText(t));
+    const QString mean = CoreTexts::tr(EstimatedMeanText(t));
     const int width = Drawings::MeasureFont(24, 0, mean);
     f.Label(f.w() - width - 15, f.h() - 24, mean, 24, EstimatedMeanColour);
 }

@@ -5,6 +5,8 @@
 #include "common/RunTimeError.h"
 #include "stats/Maths.h"
 
+#include <QCoreApplication>
+
 namespace zrt {
 
 namespace {
@@ -139,8 +141,8 @@ void DrawScatter(PictureBox &pFR0, std::vector<int> &visual, std::vector<int> &a
         f.DrawWidth(1);
         graph.DrawPoint(graph.MeanAt(visualSummary.mean, audioSummary.mean), 4, MeanPointColour);
     }
-    f.Label(Pos(f.w() * 0.1) - 20, Pos(f.h() * 0.1) - 25, QStringLiteral("Audio"), 16);
-    f.Label(Pos(f.w() * 0.9) - 20, Pos(f.h() * 0.91) - 25, QStringLiteral("Visual"), 16);
+    f.Label(Pos(f.w() * 0.1) - 20, Pos(f.h() * 0.1) - 25, QCoreApplication::translate("ScatterGraph", "Audio"), 16);
+    f.Label(Pos(f.w() * 0.9) - 20, Pos(f.h() * 0.91) - 25, QCoreApplication::translate("ScatterGraph", "Visual"), 16);
     f.Finish();
 }
 

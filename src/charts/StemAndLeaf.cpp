@@ -3,6 +3,7 @@
 #include "charts/ChartFrame.h"
 #include "charts/Drawings.h"
 #include "common/RunTimeError.h"
+#include "i18n/CoreTexts.h"
 #include "stats/Averages.h"
 #include "stats/Maths.h"
 
@@ -154,7 +155,7 @@ void DrawStemAndLeaf(PictureBox &PicSL, const std::vector<std::string> &items, i
             f.Label(leafX, Pos(h * 0.1 + g * i),
                     FittedLeaves(QString::fromStdString(rows[static_cast<size_t>(i)].leaves), height, w - 2 - leafX),
                     height, LeafColour);
-        const QString key = QString::fromLatin1(StemKeyText);
+        const QString key = CoreTexts::tr(StemKeyText);
         const int width = Drawings::MeasureFont(24, 0, key);
         f.Label(w - width - 30, Pos(h * 0.9), key, 24, LeafColour);
     }

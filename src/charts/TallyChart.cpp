@@ -3,6 +3,8 @@
 #include "charts/Drawings.h"
 #include "charts/GroupedFrame.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace zrt {
@@ -56,16 +58,16 @@ void DrawTally(PictureBox &ptally, std::vector<int> &groupedData, bool showTally
     const int g = t.rowHeight;
     const int bottom = TableBottom(f, t);
     DrawClassColumnAndFrame(f, t);
-    f.Label(Pos(w * 0.06), 15, QStringLiteral("Time (t)"), 20, 0, 1);
+    f.Label(Pos(w * 0.06), 15, QCoreApplication::translate("TallyChart", "Time (t)"), 20, 0, 1);
 
     const int c = Drawings::MeasureFont(g, 0, LastLabel(t, false));
     const int tallyDivider = Pos(w * 0.05 + c + 5.0);
     f.Line(tallyDivider, 15, tallyDivider, bottom);
     const double tallyLeft = w * 0.05 + c + 15.0;
-    f.Label(Pos(tallyLeft), 15, QStringLiteral("Tally"), 20, 0, 1);
+    f.Label(Pos(tallyLeft), 15, QCoreApplication::translate("TallyChart", "Tally"), 20, 0, 1);
 
-    const int e = Drawings::MeasureFont(20, 0, QStringLiteral("Frequency"));
-    f.Label(Pos(w - w * 0.04 - e), 15, QStringLiteral("Frequency"), 20, 0, 0);
+    const int e = Drawings::MeasureFont(20, 0, QCoreApplication::translate("TallyChart", "Frequency"));
+    f.Label(Pos(w - w * 0.04 - e), 15, QCoreApplication::translate("TallyChart", "Frequency"), 20, 0, 0);
     const int frequencyDivider = Pos(w - w * 0.04 - e - 15.0);
     f.Line(frequencyDivider, 15, frequencyDivider, bottom);
 

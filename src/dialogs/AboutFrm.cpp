@@ -1,5 +1,6 @@
 #include "dialogs/AboutFrm.h"
 
+#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include "dialogs/DialogButton.h"
@@ -10,7 +11,7 @@ namespace zrt {
 AboutFrm::AboutFrm(const QString &version, QWidget *parent)
     : QDialog(parent)
 {
-    setWindowTitle(QStringLiteral("About ") + kProgramName);
+    setWindowTitle(QCoreApplication::translate("AboutFrm", "About ") + kProgramName);
     setModal(true);
 
     m_lblName = new QLabel(kProgramName, this);
@@ -18,13 +19,13 @@ AboutFrm::AboutFrm(const QString &version, QWidget *parent)
     big.setBold(true);
     big.setPointSizeF(big.pointSizeF() * 1.4);
     m_lblName->setFont(big);
-    m_lblVersion = new QLabel(QStringLiteral("Version ") + version, this);
-    m_lblPurpose = new QLabel(kPurpose, this);
+    m_lblVersion = new QLabel(QCoreApplication::translate("AboutFrm", "Version ") + version, this);
+    m_lblPurpose = new QLabel(QCoreApplication::translate("AboutFrm", kPurpose.toUtf8().constData()), this);
     m_lblPurpose->setWordWrap(true);
     for (QLabel *label : {m_lblName, m_lblVersion, m_lblPurpose})
         label->setTextFormat(Qt::PlainText);
 
-    m_cmdOK = new DialogButton(QStringLiteral("OK"), this);
+    m_cmdOK = new DialogButton(QCoreApplication::translate("AboutFrm", "OK"), this);
     m_cmdOK->setDefault(true);
     connect(m_cmdOK, &DialogButton::clicked, this, &QDialog::accept);
 

@@ -12,9 +12,9 @@ class AboutFrm : public QDialog {
     Q_OBJECT
 public:
     static inline const QString kProgramName = QStringLiteral("Zorvane Reaction Times");
-    static inline const QString kPurpose = QStringLiteral(
-        "Measure your own reaction times in a small game, then analyse them as a statistics course "
-        "does: averages, spread, grouped data and comparison.");
+    static inline const QString kPurpose = QString::fromUtf8(QT_TRANSLATE_NOOP(
+        "AboutFrm", "Measure your own reaction times in a small game, then analyse them as a statistics course "
+                    "does: averages, spread, grouped data and comparison."));
 
     explicit AboutFrm(const QString &version, QWidget *parent = nullptr);
 

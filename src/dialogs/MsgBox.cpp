@@ -1,6 +1,8 @@
 #include "dialogs/MsgBox.h"
 
+#include <QCoreApplication>
 #include <QMessageBox>
+#include <QPushButton>
 
 namespace {
 MsgBoxHook &Hook()
@@ -26,11 +28,16 @@ int MsgBox(QWidget *owner, const QString &text, int style, const QString &captio
     case vbInformation: box.setIcon(QMessageBox::Information); break;
     default: break;
     }
+    // The buttons carry the program's own texts (Qt's English ones as the source), so that they
+    // follow the window's language also where Qt's own translations are not installed.
     if ((style & 0x7) == vbYesNo) {
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+        box.button(QMessageBox::Yes)->setText(QCoreApplication::translate("MsgBox", "&Yes"));
+        box.button(QMessageBox::No)->setText(QCoreApplication::translate("MsgBox", "&No"));
         return box.exec() == QMessageBox::Yes ? vbYes : vbNo;
     }
     box.setStandardButtons(QMessageBox::Ok);
+    box.button(QMessageBox::Ok)->setText(QCoreApplication::translate("MsgBox", "OK"));
     box.exec();
     return vbOK;
 }

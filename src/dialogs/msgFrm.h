@@ -13,6 +13,7 @@
 #include "dialogs/DialogButton.h"
 #include "gfx/GraphicsBas1.h"
 
+#include <QCoreApplication>
 #include <QDialog>
 #include <QString>
 
@@ -67,7 +68,7 @@ struct InputBoxArgs {
 };
 
 struct FileLinkArgs {
-    QString Title = QStringLiteral("Create a Link");
+    QString Title = QCoreApplication::translate("msgFrm", "Create a Link");
     QString File; // starting texts of the two fields
     QString Name;
     quint32 BackColour = 0;
@@ -84,12 +85,16 @@ public:
     static constexpr quint32 kDefaultBackColour = RGB(255, 255, 204);
     static constexpr int kDefaultWidthTwips = 5400;
     static constexpr int kLinkWidthTwips = 5100;
-    static inline const QString kAutoTitle = QStringLiteral("Auto Timed Msgbox");
-    static inline const QString kAutoText = QStringLiteral("This message will automatically close in ");
-    static inline const QString kLinkFileLabel = QStringLiteral("Enter the File or URL to create a link with:");
-    static inline const QString kLinkNameLabel = QStringLiteral("Enter a name for this link:");
-    static inline const QString kBrowseTitle = QStringLiteral(" Select the file to create a link for :");
-    static inline const QString kBrowseFilter = QStringLiteral("All file types (*)");
+    static inline const QString kAutoTitle = QString::fromUtf8(QT_TRANSLATE_NOOP("msgFrm", "Auto Timed Msgbox"));
+    static inline const QString kAutoText =
+        QString::fromUtf8(QT_TRANSLATE_NOOP("msgFrm", "This message will automatically close in "));
+    static inline const QString kLinkFileLabel =
+        QString::fromUtf8(QT_TRANSLATE_NOOP("msgFrm", "Enter the File or URL to create a link with:"));
+    static inline const QString kLinkNameLabel =
+        QString::fromUtf8(QT_TRANSLATE_NOOP("msgFrm", "Enter a name for this link:"));
+    static inline const QString kBrowseTitle =
+        QString::fromUtf8(QT_TRANSLATE_NOOP("msgFrm", " Select the file to create a link for :"));
+    static inline const QString kBrowseFilter = QString::fromUtf8(QT_TRANSLATE_NOOP("msgFrm", "All file types (*)"));
     static inline const QChar kLinkSeparator = QChar(172);
 
     explicit msgFrm(QWidget *parent = nullptr);
@@ -116,7 +121,8 @@ public:
     QString FileLinkResult() const; // file¬name, empty after Cancel
 
     // The routines of the message box.
-    void SetupButtons(qint32 Flags, const QString &Caption1 = {}, const QString &Caption2 = {}, const QString &Caption3 = {});
+    void SetupButtons(qint32 Flags, const QString &Caption1 = {}, const QString &Caption2 = {},
+                      const QString &Caption3 = {});
     void SetDefaultButton(qint32 flags);
     void SetDisplayIcon(qint32 flags, QLabel *target);
     bool Draw_Answer(const QString &text); // true when the text holds formula marks

@@ -6,6 +6,7 @@
 #include "dialogs/IconStrip.h"
 #include "dialogs/msgFrmLayout.h"
 
+#include <QCoreApplication>
 #include <QCheckBox>
 #include <QFileDialog>
 #include <QFrame>
@@ -29,13 +30,21 @@ struct ButtonSet {
 // The answers are those of the standard message box: OK 1, Cancel 2, Abort 3, Retry 4,
 // Ignore 5, Yes 6, No 7.
 constexpr std::array<ButtonSet, 6> kButtonSets{{
-    {1, {"OK", "", ""}, {1, 0, 0}},
-    {2, {"OK", "Cancel", ""}, {1, 2, 0}},
-    {3, {"Abort", "Retry", "Ignore"}, {3, 4, 5}},
-    {3, {"Yes", "No", "Cancel"}, {6, 7, 2}},
-    {2, {"Yes", "No", ""}, {6, 7, 0}},
-    {2, {"Retry", "Cancel", ""}, {4, 2, 0}},
+    {1, {QT_TRANSLATE_NOOP("msgFrm", "OK"), "", ""}, {1, 0, 0}},
+    {2, {QT_TRANSLATE_NOOP("msgFrm", "OK"), QT_TRANSLATE_NOOP("msgFrm", "Cancel"), ""}, {1, 2, 0}},
+    {3,
+     {QT_TRANSLATE_NOOP("msgFrm", "Abort"), QT_TRANSLATE_NOOP("msgFrm", "Retry"),
+      QT_TRANSLATE_NOOP("msgFrm", "Ignore")},
+     {3, 4, 5}},
+    {3,
+     {QT_TRANSLATE_NOOP("msgFrm", "Yes"), QT_TRANSLATE_NOOP("msgFrm", "No"), QT_TRANSLATE_NOOP("msgFrm", "Cancel")},
+     {6, 7, 2}},
+    {2, {QT_TRANSLATE_NOOP("msgFrm", "Yes"), QT_TRANSLATE_NOOP("msgFrm", "No"), ""}, {6, 7, 0}},
+    {2, {QT_TRANSLATE_NOOP("msgFrm", "Retry"), QT_TRANSLATE_NOOP("msgFrm", "Cancel"), ""}, {4, 2, 0}},
 }};
+
+// A text of the window's own, marked in msgFrm.h, in the window's language.
+QString Shown(const QString &text) { return QCoreApplication::translate("msgFrm", text.toUtf8().constData()); }
 
 msgFrm::NoticeHandler &NoticeSlot()
 {
@@ -123,7 +132,8 @@ void msgFrm::CentreButtonBar()
         if (m_cmd1[i]->isVisibleTo(m_ButtonBar))
             shown = i + 1;
     const int width = ToPixelsX(kButtonLefts[shown - 1] + kButtonWidth);
-    m_ButtonBar->setGeometry((m_F1[MessagePanel]->width() - width) / 2, m_ButtonBar->y(), width, ToPixelsY(kButtonHeight));
+    m_ButtonBar->setGeometry((m_F1[MessagePanel]->width() - width) / 2, m_ButtonBar->y(), width,
+                             ToPixelsY(kButtonHeight));
 }
 
 qint16 msgFrm::FinishMsgBox() const
@@ -137,7 +147,7 @@ void msgFrm::SetupButtons(qint32 Flags, const QString &Caption1, const QString &
     if (set < static_cast<int>(kButtonSets.size())) {
         const ButtonSet &buttons = kButtonSets[set];
         for (int i = 0; i < 3; ++i) {
-            m_cmd1[i]->setText(QString::fromLatin1(buttons.captions[i]));
+            m_cmd1[i]->setText(QCoreApplication::translate("msgFrm", buttons.captions[i]));
             m_Tags[i] = buttons.tags[i];
             m_cmd1[i]->setVisible(i < buttons.count);
         }
@@ -225,8 +235,10 @@ void msgFrm::PrepareAutoBox(const AutoBoxArgs &args)
     m_Answer = 0;
     m_BackColour = args.BackColour == 0 ? kDefaultBackColour : args.BackColour;
     const int seconds = qBound(0, args.Seconds, INT_MAX / 1000);
-    m_aTitle->setText(args.Title.isEmpty() ? kAutoTitle : args.Title);
-    const QString countdown = kAutoText + QString::number(seconds) + (seconds == 1 ? QStringLiteral(" second.") : QStringLiteral(" seconds."));
+    m_aTitle->setText(args.Title.isEmpty() ? Shown(kAutoTitle) : args.Title);
+    const QString countdown = Shown(kAutoText) + QString::number(seconds) +
+        (seconds == 1 ? QCoreApplication::translate("msgFrm", " second.")
+                      : QCoreApplication::translate("msgFrm", " seconds."));
     m_aMsg->setText(args.Text.isEmpty() ? countdown : args.Text + QStringLiteral("\n\n") + countdown);
 
     QFrame *panel = ShowPanel(TimedPanel);
@@ -235,7 +247,8 @@ void msgFrm::PrepareAutoBox(const AutoBoxArgs &args)
     PlaceTitle(m_aPic, m_aTitle, panelWidth);
     const int textBottom = PlaceWrappedText(m_aMsg, ToPixelsY(kTextTop), panelWidth);
     const QSize button(ToPixelsX(kButtonWidth), ToPixelsY(kButtonHeight));
-    m_command1->setGeometry((panelWidth - button.width()) / 2, textBottom + ToPixelsY(kButtonGap), button.width(), button.height());
+    m_command1->setGeometry((panelWidth - button.width()) / 2, textBottom + ToPixelsY(kButtonGap), button.width(),
+                            button.height());
     FinishPanelHeight(panel, textBottom + ToPixelsY(kPanelBelow));
 
     setWindowFlag(Qt::WindowStaysOnTopHint, true);
@@ -311,8 +324,8 @@ void msgFrm::PrepareFileLink(const FileLinkArgs &args)
     m_Answer = 0;
     m_BackColour = args.BackColour == 0 ? kDefaultBackColour : args.BackColour;
     m_Label3->setText(args.Title);
-    m_Label2[0]->setText(kLinkFileLabel);
-    m_Label2[1]->setText(kLinkNameLabel);
+    m_Label2[0]->setText(Shown(kLinkFileLabel));
+    m_Label2[1]->setText(Shown(kLinkNameLabel));
     m_Text1[0]->setText(args.File);
     m_Text1[1]->setText(args.Name);
 
@@ -329,9 +342,9 @@ void msgFrm::cmdbrowse_Click()
 {
     QString path;
     if (BrowseSlot())
-        path = BrowseSlot()(this, kBrowseTitle, kBrowseFilter);
+        path = BrowseSlot()(this, Shown(kBrowseTitle), Shown(kBrowseFilter));
     else
-        path = QFileDialog::getOpenFileName(this, kBrowseTitle, QString(), kBrowseFilter);
+        path = QFileDialog::getOpenFileName(this, Shown(kBrowseTitle), QString(), Shown(kBrowseFilter));
     if (!path.isEmpty())
         m_Text1[0]->setText(path);
 }
@@ -346,11 +359,13 @@ void msgFrm::nCmd_Click(int index)
     m_Answer = 0;
     // Emptiness is the only test made, whatever the first message says.
     if (m_Text1[0]->text().isEmpty()) {
-        Notice(QStringLiteral("You must enter a valid file path or a correctly formatted URL."), QStringLiteral("Invalid Filename"));
+        Notice(QCoreApplication::translate("msgFrm", "You must enter a valid file path or a correctly formatted URL."),
+               QCoreApplication::translate("msgFrm", "Invalid Filename"));
         return;
     }
     if (m_Text1[1]->text().isEmpty()) {
-        Notice(QStringLiteral("You must enter a Name for the link"), QStringLiteral("Invalid name"));
+        Notice(QCoreApplication::translate("msgFrm", "You must enter a Name for the link"),
+               QCoreApplication::translate("msgFrm", "Invalid name"));
         return;
     }
     done(QDialog::Accepted);

@@ -4,6 +4,7 @@
 #include "dialogs/FormulaView.h"
 #include "dialogs/msgFrmLayout.h"
 
+#include <QCoreApplication>
 #include <QCheckBox>
 #include <QFrame>
 #include <QLabel>
@@ -14,6 +15,9 @@
 namespace zrt {
 
 namespace {
+
+// A text of the window's own, marked in msgFrm.h, in the window's language.
+QString Shown(const QString &text) { return QCoreApplication::translate("msgFrm", text.toUtf8().constData()); }
 
 void SetBack(QWidget *widget, const QColor &colour)
 {
@@ -72,10 +76,10 @@ void msgFrm::BuildTimedPanel()
     QFrame *panel = m_F1[TimedPanel];
     m_aPic = new QLabel(panel);
     m_aTitle = NewLabel(panel, true);
-    m_aTitle->setText(kAutoTitle);
+    m_aTitle->setText(Shown(kAutoTitle));
     m_aMsg = NewLabel(panel, false, true);
-    m_aMsg->setText(kAutoText);
-    m_command1 = NewButton(panel, QStringLiteral("OK"));
+    m_aMsg->setText(Shown(kAutoText));
+    m_command1 = NewButton(panel, QCoreApplication::translate("msgFrm", "OK"));
     connect(m_command1, &DialogButton::clicked, this, &msgFrm::command1_Click);
 }
 
@@ -86,8 +90,8 @@ void msgFrm::BuildInputPanel()
     m_iTitle = NewLabel(panel, true);
     m_iMsg = NewLabel(panel, false, true);
     m_iTxt = new QLineEdit(panel);
-    m_iCmd[0] = NewButton(panel, QStringLiteral("Cancel"));
-    m_iCmd[1] = NewButton(panel, QStringLiteral("OK"));
+    m_iCmd[0] = NewButton(panel, QCoreApplication::translate("msgFrm", "Cancel"));
+    m_iCmd[1] = NewButton(panel, QCoreApplication::translate("msgFrm", "OK"));
     for (int i = 0; i < 2; ++i)
         connect(m_iCmd[i], &DialogButton::clicked, this, [this, i] { iCmd_Click(i); });
     // Enter in the text takes what was typed, as a press on OK does.
@@ -102,7 +106,9 @@ void msgFrm::BuildLinkPanel()
     for (int i = 0; i < 2; ++i) {
         m_Label2[i] = NewLabel(panel);
         m_Text1[i] = new QLineEdit(panel);
-        m_nCmd[i] = NewButton(panel, i == 0 ? QStringLiteral("OK") : QStringLiteral("Cancel"));
+        m_nCmd[i] = NewButton(panel,
+                              i == 0 ? QCoreApplication::translate("msgFrm", "OK")
+                                     : QCoreApplication::translate("msgFrm", "Cancel"));
         connect(m_nCmd[i], &DialogButton::clicked, this, [this, i] { nCmd_Click(i); });
     }
     m_Label2[0]->setGeometry(TwipsRect(45, 480, 4155, 270));

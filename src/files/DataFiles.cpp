@@ -5,7 +5,9 @@
 #include "dialogs/MsgBoxes.h"
 #include "files/REGbas1.h"
 #include "files/ShowFileDialog.h"
+#include "i18n/CoreTexts.h"
 
+#include <QCoreApplication>
 #include <QWidget>
 
 namespace {
@@ -21,7 +23,7 @@ QString StartFolder(const char *key, const zrt::DataFilePlaces &places)
 
 QString Reason(const std::string &reason)
 {
-    return QString::fromStdString(reason);
+    return CoreTexts::tr(reason);
 }
 
 // A file that could not be written: the balloon names it and says why.
@@ -34,11 +36,12 @@ void ReportSettingsFailure(QWidget *owner, const zrt::FileWrite &written, const 
 {
     if (written.ok)
         return;
-    ReportFileFailure(owner, QStringLiteral("Settings Not Saved"),
-                      QStringLiteral("The settings file ") + settingsFile +
-                          QStringLiteral(" could not be updated (") + Reason(written.reason) +
-                          QStringLiteral(").\nIt is as it was; only the folder to start from next time is "
-                                         "not remembered."));
+    ReportFileFailure(owner, QCoreApplication::translate("DataFiles", "Settings Not Saved"),
+                      QCoreApplication::translate("DataFiles", "The settings file ") + settingsFile +
+                          QCoreApplication::translate("DataFiles", " could not be updated (") + Reason(written.reason) +
+                          QCoreApplication::translate("DataFiles",
+                                                      ").\nIt is as it was; only the folder to start from next time is "
+                                                      "not remembered."));
 }
 
 // The plain sentence under a run-time error that opening a data file ended in.
@@ -46,13 +49,15 @@ QString OpenErrorSentence(const QString &path, int number)
 {
     QString why;
     if (number == zrt::ErrInvalidPropertyIndex)
-        why = QStringLiteral("It asks for a number of characters or attempts that the program does not offer.");
+        why = QCoreApplication::translate(
+            "DataFiles", "It asks for a number of characters or attempts that the program does not offer.");
     else if (number == zrt::ErrOverflow)
-        why = QStringLiteral("It gives more data items than the program can hold.");
+        why = QCoreApplication::translate("DataFiles", "It gives more data items than the program can hold.");
     else
-        why = QStringLiteral("A value in it can't be used.");
-    return QStringLiteral("The file ") + path + QStringLiteral(" was not opened. ") + why +
-           QStringLiteral(" The collected data are as they were.");
+        why = QCoreApplication::translate("DataFiles", "A value in it can't be used.");
+    return QCoreApplication::translate("DataFiles", "The file ") + path +
+        QCoreApplication::translate("DataFiles", " was not opened. ") + why +
+        QCoreApplication::translate("DataFiles", " The collected data are as they were.");
 }
 
 } // namespace
@@ -63,13 +68,13 @@ bool SaveData(QWidget *owner, const CollectedLists &lists, const RtdSettings &se
               const Pump &pump)
 {
     if (lists.visual.empty()) {
-        MsgBox(owner, QStringLiteral("You have not collected any reaction times to save!"), vbInformation,
-               QStringLiteral("No Data"));
+        MsgBox(owner, QCoreApplication::translate("DataFiles", "You have not collected any reaction times to save!"),
+               vbInformation, QCoreApplication::translate("DataFiles", "No Data"));
         return false;
     }
     QString path, title;
-    if (!ShowFileDialog(path, title, QString::fromLatin1(kRtdFilter), owner, StartFolder("LastSavedFolder", places),
-                        QString::fromLatin1(kRtdSaveTitle), true))
+    if (!ShowFileDialog(path, title, CoreTexts::tr(kRtdFilter), owner, StartFolder("LastSavedFolder", places),
+                        CoreTexts::tr(kRtdSaveTitle), true))
         return false;
     pump();
     // A case-sensitive test, so "x.RTD" becomes "x.RTD.rtd".
@@ -79,9 +84,9 @@ bool SaveData(QWidget *owner, const CollectedLists &lists, const RtdSettings &se
     const IniDocument doc = BuildRtd(lists, settings);
     if (REGbas1::FileExists(Utf8(path))) {
         const int answer = MsgBox(owner,
-                                  QStringLiteral("This file already exists!") + "\n" +
-                                      QStringLiteral("Do you want to overwrite it?"),
-                                  vbYesNo | vbQuestion, QStringLiteral("File Exist"));
+                                  QCoreApplication::translate("DataFiles", "This file already exists!") + "\n" +
+                                      QCoreApplication::translate("DataFiles", "Do you want to overwrite it?"),
+                                  vbYesNo | vbQuestion, QCoreApplication::translate("DataFiles", "File Exist"));
         if (answer != vbYes)
             return false;
     }
@@ -89,11 +94,13 @@ bool SaveData(QWidget *owner, const CollectedLists &lists, const RtdSettings &se
     const FileWrite written = WriteRtdFile(Utf8(path), doc);
     pump();
     if (!written.ok) {
-        ReportFileFailure(owner, QStringLiteral("File Not Saved"),
-                          QStringLiteral("The file ") + path + QStringLiteral(" could not be saved (") +
-                              Reason(written.reason) +
-                              QStringLiteral(").\nA file of that name is as it was before, and the collected "
-                                             "data are still here: save them somewhere else."));
+        ReportFileFailure(
+            owner, QCoreApplication::translate("DataFiles", "File Not Saved"),
+            QCoreApplication::translate("DataFiles", "The file ") + path +
+                QCoreApplication::translate("DataFiles", " could not be saved (") + Reason(written.reason) +
+                QCoreApplication::translate("DataFiles",
+                                            ").\nA file of that name is as it was before, and the collected "
+                                            "data are still here: save them somewhere else."));
         return false;
     }
     ReportSettingsFailure(owner,
@@ -107,17 +114,18 @@ std::optional<OpenedFile> OpenData(QWidget *owner, bool unsavedData, int vanesIt
                                    const DataFilePlaces &places, const Pump &pump)
 {
     if (unsavedData) {
-        const int answer = MsgBox(owner,
-                                  QStringLiteral("You have Collected Data that has not yet been saved!") + "\n" +
-                                      QStringLiteral("Opening a file will remove this data") + "\n\n" +
-                                      QStringLiteral("Do you wish to continue?"),
-                                  vbYesNo | vbQuestion, QStringLiteral("Open a file"));
+        const int answer =
+            MsgBox(owner,
+                   QCoreApplication::translate("DataFiles", "You have Collected Data that has not yet been saved!") +
+                       "\n" + QCoreApplication::translate("DataFiles", "Opening a file will remove this data") +
+                       "\n\n" + QCoreApplication::translate("DataFiles", "Do you wish to continue?"),
+                   vbYesNo | vbQuestion, QCoreApplication::translate("DataFiles", "Open a file"));
         if (answer == vbNo)
             return std::nullopt;
     }
     QString path, title;
-    if (!ShowFileDialog(path, title, QString::fromLatin1(kRtdFilter), owner, StartFolder("LastOpenedFolder", places),
-                        QString::fromLatin1(kRtdOpenTitle), false))
+    if (!ShowFileDialog(path, title, CoreTexts::tr(kRtdFilter), owner, StartFolder("LastOpenedFolder", places),
+                        CoreTexts::tr(kRtdOpenTitle), false))
         return std::nullopt;
     pump();
     if (!REGbas1::FileExists(Utf8(path)))
@@ -133,16 +141,17 @@ std::optional<OpenedFile> ReadDataFile(QWidget *owner, const QString &path, int 
     const FileRead file = IniDocument::read(Utf8(path), doc);
     if (!file.ok()) {
         MsgBox(owner,
-               QStringLiteral("The file ") + path + QStringLiteral(" can't be opened: ") + Reason(file.reason) +
-                   QStringLiteral(".\nThe collected data are as they were."),
-               vbExclamation, QStringLiteral("Open a file"));
+               QCoreApplication::translate("DataFiles", "The file ") + path +
+                   QCoreApplication::translate("DataFiles", " can't be opened: ") + Reason(file.reason) +
+                   QCoreApplication::translate("DataFiles", ".\nThe collected data are as they were."),
+               vbExclamation, QCoreApplication::translate("DataFiles", "Open a file"));
         return std::nullopt;
     }
     try {
         return OpenedFile{ReadRtd(doc, vanesItems, attemptsItems), path};
     } catch (const RunTimeError &error) {
         MsgBox(owner,
-               QString::fromStdString(error.message()) + QStringLiteral("\n\n") +
+               CoreTexts::tr(error.message()) + QStringLiteral("\n\n") +
                    OpenErrorSentence(path, error.number()),
                vbCritical, owner ? owner->window()->windowTitle() : QString());
         return std::nullopt;

@@ -6,6 +6,7 @@
 #include "files/IniDocument.h"
 #include "files/REGbas1.h"
 
+#include <QCoreApplication>
 #include <QAudioDevice>
 #include <QAudioFormat>
 #include <QAudioSink>
@@ -303,10 +304,11 @@ SoundBank LoadSounds(const QString &settingsFile, const std::function<QByteArray
             buffer = LoadSoundFile(QString::fromStdString(path), &why);
         } catch (const zrt::RunTimeError &e) {
             buffer = builtIn(i);
-            bank.LoadProblems << QString::fromStdString(e.message()) + QStringLiteral("\nThe sound file ") +
-                                     QString::fromStdString(path) + QStringLiteral(" named by ") +
-                                     QString::fromStdString(key) + QStringLiteral(" can't be used: ") + why +
-                                     QStringLiteral(". The program's own sound is played instead.");
+            bank.LoadProblems << QString::fromStdString(e.message()) +
+                    QCoreApplication::translate("SoundBas", "\nThe sound file ") + QString::fromStdString(path) +
+                    QCoreApplication::translate("SoundBas", " named by ") + QString::fromStdString(key) +
+                    QCoreApplication::translate("SoundBas", " can't be used: ") + why +
+                    QCoreApplication::translate("SoundBas", ". The program's own sound is played instead.");
         }
     }
     bank.SoundDisabled = zrt::Val(setting("DisableSound", "0", 50)) >= 1;

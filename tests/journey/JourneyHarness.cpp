@@ -241,6 +241,9 @@ Program::Program(const Options &options)
     env.insert(QStringLiteral("XDG_CONFIG_HOME"), m_home.path() + QStringLiteral("/.config"));
     env.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_home.path() + QStringLiteral("/runtime"));
     env.insert(QStringLiteral("ZRT_PROBE"), QStringLiteral("1"));
+    // The journeys read English captions and captures, whatever the machine's own language.
+    env.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    env.insert(QStringLiteral("LANG"), QStringLiteral("C.UTF-8"));
     env.insert(QStringLiteral("ZRT_MANUAL_TIMERS"), options.manualTimers ? QStringLiteral("1") : QStringLiteral("0"));
     env.remove(QStringLiteral("QT_SCALE_FACTOR"));
     if (options.sound) {

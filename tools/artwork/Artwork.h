@@ -3,6 +3,7 @@
 
 #include <QByteArray>
 #include <QImage>
+#include <QString>
 
 namespace Artwork {
 
@@ -11,8 +12,12 @@ QImage RecordStage();
 QImage AudioStage();
 
 // The still pictures that invite the pupil to press Start: 225 x 178 and 218 x 183.
-QImage StartInvitation();
-QImage AudioInvitation();
+// The invitations in the Record and audio stages; the German pictures take German texts.
+QImage StartInvitation(const QString &title = QStringLiteral("Ready?"),
+                       const QString &text = QStringLiteral("Press Start, then click a Zorvane as soon as it pops up!"));
+QImage AudioInvitation(const QString &title = QStringLiteral("Listen!"),
+                       const QString &text =
+                           QStringLiteral("Press Start, then click the Zorvane the moment you hear the sound."));
 
 // Seven 32 x 32 cells side by side (Open, Clear, Save, Record, Averages, Groups, Compare) on
 // pure green (0x00FF00), the colour that is masked out.

@@ -173,31 +173,28 @@ QImage AudioStage()
     return img;
 }
 
-QImage StartInvitation()
+QImage StartInvitation(const QString &title, const QString &text)
 {
     QImage img(225, 178, QImage::Format_ARGB32_Premultiplied);
     img.fill(Qt::transparent);
     QPainter p(&img);
     p.setRenderHint(QPainter::Antialiasing);
     roundedSign(p, QRectF(0, 0, 225, 150), QColor(255, 250, 214), QColor(214, 150, 40));
-    textIn(p, QRectF(12, 10, 201, 60), QStringLiteral("Ready?"), 26, QColor(200, 90, 20));
-    textIn(p, QRectF(12, 62, 201, 80),
-           QStringLiteral("Press Start, then click a Zorvane as soon as it pops up!"), 15, QColor(70, 60, 40), false);
+    textIn(p, QRectF(12, 10, 201, 60), title, 26, QColor(200, 90, 20));
+    textIn(p, QRectF(12, 62, 201, 80), text, 15, QColor(70, 60, 40), false);
     arrow(p, QPointF(8, 176), QColor(214, 150, 40));
     return img;
 }
 
-QImage AudioInvitation()
+QImage AudioInvitation(const QString &title, const QString &text)
 {
     QImage img(218, 183, QImage::Format_ARGB32_Premultiplied);
     img.fill(Qt::transparent);
     QPainter p(&img);
     p.setRenderHint(QPainter::Antialiasing);
     roundedSign(p, QRectF(0, 0, 218, 155), QColor(236, 246, 255), QColor(70, 120, 200));
-    textIn(p, QRectF(10, 8, 198, 56), QStringLiteral("Listen!"), 26, QColor(40, 90, 180));
-    textIn(p, QRectF(10, 58, 198, 92),
-           QStringLiteral("Press Start, then click the Zorvane the moment you hear the sound."), 15,
-           QColor(40, 50, 70), false);
+    textIn(p, QRectF(10, 8, 198, 56), title, 26, QColor(40, 90, 180));
+    textIn(p, QRectF(10, 58, 198, 92), text, 15, QColor(40, 50, 70), false);
     arrow(p, QPointF(8, 181), QColor(70, 120, 200));
     return img;
 }

@@ -111,6 +111,16 @@ int WriteAssets(const QString &root)
     ok = SaveImage(assets.filePath(QStringLiteral("audio_stage.png")), Artwork::AudioStage()) && ok;
     ok = SaveImage(assets.filePath(QStringLiteral("start_invitation.png")), Artwork::StartInvitation()) && ok;
     ok = SaveImage(assets.filePath(QStringLiteral("audio_invitation.png")), Artwork::AudioInvitation()) && ok;
+    ok = SaveImage(assets.filePath(QStringLiteral("start_invitation_de.png")),
+                   Artwork::StartInvitation(QString::fromUtf8("Bereit?"),
+                                            QString::fromUtf8("Drücke auf Start und klicke auf einen Zorvane, "
+                                                              "sobald er auftaucht!"))) &&
+         ok;
+    ok = SaveImage(assets.filePath(QStringLiteral("audio_invitation_de.png")),
+                   Artwork::AudioInvitation(QString::fromUtf8("Hör zu!"),
+                                            QString::fromUtf8("Drücke auf Start und klicke auf den Zorvane, "
+                                                              "sobald du den Ton hörst."))) &&
+         ok;
     ok = SaveImage(assets.filePath(QStringLiteral("toolbar.png")), Artwork::ToolbarStrip()) && ok;
     ok = SaveImage(assets.filePath(QStringLiteral("icon.png")), Artwork::ProgramIcon()) && ok;
     for (int n = 1; n <= 4; ++n)

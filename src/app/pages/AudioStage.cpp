@@ -14,6 +14,7 @@
 #include "reaction/SoundBas.h"
 #include "reaction/mStopWatch.h"
 
+#include <QCoreApplication>
 #include <QLabel>
 #include <QTimer>
 
@@ -69,10 +70,10 @@ void AudioStage::build()
     ucGifPlayer2->setGeometry(width(), 220, 179, 174);
 
     IMmsg1 = new QLabel(this);
-    SetPixmapWhenShown(IMmsg1, QStringLiteral(":/images/audio_invitation.png"));
+    SetPixmapWhenShown(IMmsg1, PictureInLanguage(QStringLiteral(":/images/audio_invitation.png")));
     IMmsg1->resize(218, 183);
 
-    cmdStartAudio = pages::NewButton(m_context, this, QStringLiteral("Start"),
+    cmdStartAudio = pages::NewButton(m_context, this, tr("Start"),
                                      QRect(0, kRunTop, kStartWidth, kButtonHeight), [this] { cmdStartAudio_Click(); });
     l9 = pages::NewLabel(this, QString(), QRect(0, kVerdictTop, kVerdictWidth, 0), true);
     l9->setAlignment(Qt::AlignCenter);
@@ -80,12 +81,12 @@ void AudioStage::build()
     l9->resize(l9->width(), l9->fontMetrics().lineSpacing() * 4 + 4);
     l9->hide();
     for (int i = 0; i < 2; ++i) {
-        cmdadd[i] = pages::NewButton(m_context, this, i == 0 ? QStringLiteral("Add Result") : QStringLiteral("Cancel"),
+        cmdadd[i] = pages::NewButton(m_context, this, i == 0 ? tr("Add Result") : tr("Cancel"),
                                      QRect(0, l9->y() + l9->height() + 4, kStartWidth, kButtonHeight),
                                      [this, i] { cmdadd_Click(i); });
         cmdadd[i]->hide();
     }
-    Label10 = pages::NewLabel(this, QStringLiteral("Reaction Times:"), QRect(kListLeft, kRunTop, kListWidth, 18), true);
+    Label10 = pages::NewLabel(this, tr("Reaction Times:"), QRect(kListLeft, kRunTop, kListWidth, 18), true);
     cl5 = new zrt::RowList(this);
     cl5->setGeometry(kListLeft, kListTop, kListWidth, tw(1710));
 
@@ -120,10 +121,9 @@ void AudioStage::open(const QString &visualMean)
 {
     // Times answered by key are told apart from those answered by mouse, in the heading, so the
     // verdict's lines below keep their form.
-    const QString heading = m_record.respondsWithSpace()
-                                ? QStringLiteral("Average reaction time ") + QString::fromLatin1(kSpaceBarNote)
-                                : QStringLiteral("Average reaction time ");
-    l9->setText(heading + "\n" + QStringLiteral("Visual: ") + visualMean + QStringLiteral(" seconds"));
+    const QString heading = m_record.respondsWithSpace() ? tr("Average reaction time ") + tr("(by space bar)")
+                                                         : tr("Average reaction time ");
+    l9->setText(heading + "\n" + tr("Visual: ") + visualMean + tr(" seconds"));
     l9->show();
     show();
     raise();
@@ -134,9 +134,9 @@ void AudioStage::open(const QString &visualMean)
 
 void AudioStage::TellNoSoundOutput()
 {
-    zrt::msg_Box(QStringLiteral("This computer has no sound output, so the audio test can't be run.") + "\n" +
-                     QStringLiteral("Connect speakers or headphones and start again, or press Cancel."),
-                 vbExclamation, QStringLiteral("No Sound"), window());
+    zrt::msg_Box(tr("This computer has no sound output, so the audio test can't be run.") + "\n" +
+                     tr("Connect speakers or headphones and start again, or press Cancel."),
+                 vbExclamation, tr("No Sound"), window());
 }
 
 void AudioStage::StartAudioDelay()
@@ -239,11 +239,13 @@ void AudioStage::showVerdict(const QString &mean)
 {
     const QString old = l9->text();
     if (m_record.run.tooSlow(zrt::Sense::Audio)) {
-        l9->setText(old.left(std::max<qsizetype>(0, old.size() - 8)) + QStringLiteral(" Audio: ") + mean + "\n" +
-                    QStringLiteral("Far too slow! please try again."));
+        // The heading's " seconds" gives way to the audio mean.
+        const qsizetype seconds = tr(" seconds").size();
+        l9->setText(old.left(std::max<qsizetype>(0, old.size() - seconds)) + tr(" Audio: ") + mean + "\n" +
+                    tr("Far too slow! please try again."));
         cmdadd[0]->setEnabled(false);
     } else {
-        l9->setText(old + "\n" + QStringLiteral("Audio: ") + mean + QStringLiteral(" seconds"));
+        l9->setText(old + "\n" + tr("Audio: ") + mean + tr(" seconds"));
         cmdadd[0]->setEnabled(true);
     }
     cmdadd[0]->show();

@@ -6,6 +6,7 @@
 #include "app/pages/PageContext.h"
 #include "app/pages/PageWidgets.h"
 #include "charts/BoxPlots.h"
+#include "charts/ChartPictures.h"
 #include "charts/PictureBox.h"
 #include "charts/StemAndLeaf.h"
 #include "controls/Check.h"
@@ -13,14 +14,17 @@
 #include "controls/GlossButton.h"
 #include "controls/RowList.h"
 #include "controls/ShapedTabs.h"
+#include "i18n/CoreTexts.h"
 #include "stats/Averages.h"
 
+#include <QCoreApplication>
 #include <QLabel>
 #include <QTextEdit>
 
 namespace {
 
-const QString kOutliersText = QStringLiteral(
+const char *const kOutliersText = QT_TRANSLATE_NOOP(
+    "AveragesPage",
     "An outlier is an observation in a data set which is far removed in value from the others in the data set. "
     "It is an unusually large or an unusually small value compared to the others.\n\n"
     "An outlier might be the result of an error in measurement, in which case it will distort the "
@@ -49,25 +53,25 @@ AveragesPage::AveragesPage(PageContext &context, zrt::AnalysisState &analysis, D
 
 void AveragesPage::build()
 {
-    Label6 = pages::NewLabel(this, QStringLiteral("Current Data to the nearest "), QRect(10, 12, 170, 20));
+    Label6 = pages::NewLabel(this, tr("Current Data to the nearest "), QRect(10, 12, 170, 20));
     DD3 = new zrt::DropPanel(this);
     DD3->setGeometry(180, 10, 110, 22);
     cl3 = new zrt::RowList(DD3);
     for (const char *item : zrt::kPrecisionItems)
-        cl3->AddItem(QString::fromLatin1(item));
+        cl3->AddItem(CoreTexts::tr(item));
     cl3->setBackStyle(1);
     cl3->resize(DD3->width(), 3 * 16 + 4);
     DD3->PlaceInBody(cl3);
-    DD3->setTitle(QString::fromLatin1(zrt::kPrecisionItems[0]));
-    Label7 = pages::NewLabel(this, QStringLiteral("of a second"), QRect(298, 12, 100, 20));
-    lbsort = pages::NewLabel(this, QStringLiteral("Sort Data Items:"), QRect(430, 12, 110, 20));
+    DD3->setTitle(CoreTexts::tr(zrt::kPrecisionItems[0]));
+    Label7 = pages::NewLabel(this, tr("of a second"), QRect(298, 12, 100, 20));
+    lbsort = pages::NewLabel(this, tr("Sort Data Items:"), QRect(430, 12, 110, 20));
     Check1 = new zrt::Check(this);
     Check1->setGeometry(540, 12, 24, 20);
     t1 = pages::NumbersBox(this, QRect(10, 40, 780, 78));
     l8 = pages::NewLabel(this, QString(), QRect(10, 122, 300, 22));
     Tab1 = pages::NewTabs(m_context, this,
-                          {QStringLiteral("Averages Info"), QStringLiteral("Distribution"), QStringLiteral("Box Plot"),
-                           QStringLiteral("Stem & Leaf")},
+                          {tr("Averages Info"), tr("Distribution"), tr("Box Plot"),
+                           tr("Stem & Leaf")},
                           true, [this](int index) { Tab1_Click(index); });
     for (auto &frame : F1) {
         frame = new PagePanel(this);
@@ -83,21 +87,21 @@ void AveragesPage::buildQuestions()
 {
     for (int i = 0; i < 9; ++i) {
         const int y = 8 + i * 32;
-        cmd1[i] = pages::NewButton(m_context, F1[0], QString::fromLatin1(zrt::kCmd1Captions[i]), QRect(12, y, 180, 28),
+        cmd1[i] = pages::NewButton(m_context, F1[0], CoreTexts::tr(zrt::kCmd1Captions[i]), QRect(12, y, 180, 28),
                                    [this, i] { Toggle(lb1[i], m_summaryAnswers[i]); });
         lb1[i] = pages::AnswerLabel(F1[0], QRect(200, y + 2, 200, 24));
     }
-    cmdshowall = pages::NewButton(m_context, F1[0], QStringLiteral("Show All"), QRect(430, 8, 110, 28), [this] {
+    cmdshowall = pages::NewButton(m_context, F1[0], tr("Show All"), QRect(430, 8, 110, 28), [this] {
         for (int i = 0; i < 9; ++i)
             lb1[i]->setText(m_summaryAnswers[i]);
     });
     for (int i = 0; i < 4; ++i) {
         const int y = 8 + i * 36;
-        cmd2[i] = pages::NewButton(m_context, F1[1], QString::fromLatin1(zrt::kCmd2Captions[i]), QRect(12, y, 210, 30),
+        cmd2[i] = pages::NewButton(m_context, F1[1], CoreTexts::tr(zrt::kCmd2Captions[i]), QRect(12, y, 210, 30),
                                    [this, i] { Toggle(lb2[i], m_spreadAnswers[i]); });
         lb2[i] = pages::AnswerLabel(F1[1], QRect(232, y + 3, 200, 24));
     }
-    cmdSA = pages::NewButton(m_context, F1[1], QStringLiteral("Show All"), QRect(12, 8 + 4 * 36, 110, 28), [this] {
+    cmdSA = pages::NewButton(m_context, F1[1], tr("Show All"), QRect(12, 8 + 4 * 36, 110, 28), [this] {
         for (int i = 0; i < 4; ++i)
             lb2[i]->setText(m_spreadAnswers[i]);
     });
@@ -108,11 +112,14 @@ void AveragesPage::buildQuestions()
 void AveragesPage::buildCharts()
 {
     pBox = pages::Surface(F1[2]);
-    cmdBP = pages::NewButton(m_context, pBox, QStringLiteral("Show Box Plot"), QRect(0, 6, 120, 28),
+    cmdBP = pages::NewButton(m_context, pBox, tr("Show Box Plot"), QRect(0, 6, 120, 28),
                              [this] { toggleBoxPlot(); });
     PicSL = pages::Surface(F1[3]);
-    cmdSL = pages::NewButton(m_context, PicSL, QStringLiteral("Show Leaves"), QRect(0, 6, 110, 28),
+    cmdSL = pages::NewButton(m_context, PicSL, tr("Show Leaves"), QRect(0, 6, 110, 28),
                              [this] { toggleLeaves(); });
+    // Each chart can be taken out as a picture from its context menu.
+    zrt::ChartPictureMenu::Attach(pBox, tr("the box plot"));
+    zrt::ChartPictureMenu::Attach(PicSL, tr("the stem and leaf diagram"));
     connect(pBox, &zrt::PictureBox::Resize, this, [this] {
         m_context.guard([this] {
             // The button keeps its corner: 90 twips from the top and the right.
@@ -133,7 +140,7 @@ void AveragesPage::buildCharts()
 void AveragesPage::toggleBoxPlot()
 {
     m_boxPlotShown = !m_boxPlotShown;
-    cmdBP->setCaption(m_boxPlotShown ? QStringLiteral("Hide Box Plot") : QStringLiteral("Show Box Plot"));
+    cmdBP->setCaption(m_boxPlotShown ? tr("Hide Box Plot") : tr("Show Box Plot"));
     if (m_analysis.results.SampleSize != 0)
         DrawBoxPlot();
 }
@@ -141,7 +148,7 @@ void AveragesPage::toggleBoxPlot()
 void AveragesPage::toggleLeaves()
 {
     m_leavesShown = !m_leavesShown;
-    cmdSL->setCaption(m_leavesShown ? QStringLiteral("Hide Leaves") : QStringLiteral("Show Leaves"));
+    cmdSL->setCaption(m_leavesShown ? tr("Hide Leaves") : tr("Show Leaves"));
     DrawStemLeaf();
 }
 
@@ -236,17 +243,17 @@ void AveragesPage::Get_Averages()
         return;
     case zrt::AveragesAnswer::Outcome::Message:
         Reset_tags();
-        t1->setPlainText(QString::fromStdString(answer.dataText).trimmed());
+        t1->setPlainText(CoreTexts::tr(answer.dataText).trimmed());
         return;
     case zrt::AveragesAnswer::Outcome::Analysed:
         break;
     }
     t1->setPlainText(QString::fromStdString(answer.dataText).trimmed());
     for (int i = 0; i < 9; ++i)
-        m_summaryAnswers[i] = QString::fromStdString(answer.summaryAnswers[i]);
+        m_summaryAnswers[i] = CoreTexts::tr(answer.summaryAnswers[i]); // the mode may be "N/A"
     for (int i = 0; i < 4; ++i)
         m_spreadAnswers[i] = QString::fromStdString(answer.spreadAnswers[i]);
-    l8->setText(QString::fromStdString(answer.sampleSizeText).trimmed());
+    l8->setText(CoreTexts::tr(answer.sampleSizeText).trimmed());
 }
 
 void AveragesPage::DrawBoxPlot()
@@ -267,4 +274,4 @@ void AveragesPage::DrawStemLeaf()
     }
 }
 
-void AveragesPage::ShowOutliersHelp() { pages::Explain(kOutliersText, QStringLiteral("Outliers"), window(), 8055, 60); }
+void AveragesPage::ShowOutliersHelp() { pages::Explain(tr(kOutliersText), tr("Outliers"), window(), 8055, 60); }

@@ -4,6 +4,7 @@
 #include "app/pages/DataColumn.h"
 #include "app/pages/PageContext.h"
 #include "app/pages/PageWidgets.h"
+#include "charts/ChartPictures.h"
 #include "charts/CorrelationScale.h"
 #include "charts/PictureBox.h"
 #include "charts/ScatterGraph.h"
@@ -11,8 +12,10 @@
 #include "controls/ShapedTabs.h"
 #include "controls/ucTableView.h"
 #include "dialogs/MsgBoxes.h"
+#include "i18n/CoreTexts.h"
 #include "stats/Spearman.h"
 
+#include <QCoreApplication>
 #include <QLabel>
 #include <QTextEdit>
 
@@ -30,17 +33,17 @@ ComparePage::ComparePage(PageContext &context, zrt::AnalysisState &analysis, Dat
 
 void ComparePage::build()
 {
-    Label9 = pages::NewLabel(this, QStringLiteral("Data pairs (to 1/100 th of a second)"), QRect(10, 12, 300, 20));
+    Label9 = pages::NewLabel(this, tr("Data pairs (to 1/100 th of a second)"), QRect(10, 12, 300, 20));
     Text1 = pages::NumbersBox(this, QRect(10, 40, 780, 100));
     ShapedTabs1 = pages::NewTabs(m_context, this,
-                                 {QStringLiteral("Scatter Graph"), QStringLiteral("Spearman's Rank"),
-                                  QStringLiteral("Boxplots")},
+                                 {tr("Scatter Graph"), tr("Spearman's Rank"),
+                                  tr("Boxplots")},
                                  false, [this](int index) { ShapedTabs1_Click(index); });
     for (auto &surface : pFR)
         surface = pages::Surface(this);
-    cmdSG = pages::NewButton(m_context, pFR[0], QStringLiteral("Show Coordinates"), QRect(0, 6, 140, 28), [this] {
+    cmdSG = pages::NewButton(m_context, pFR[0], tr("Show Coordinates"), QRect(0, 6, 140, 28), [this] {
         m_coordinatesShown = !m_coordinatesShown;
-        cmdSG->setCaption(m_coordinatesShown ? QStringLiteral("Hide Coordinates") : QStringLiteral("Show Coordinates"));
+        cmdSG->setCaption(m_coordinatesShown ? tr("Hide Coordinates") : tr("Show Coordinates"));
         if (m_analysis.CompareReady)
             Get_Compare_Data();
     });
@@ -55,6 +58,9 @@ void ComparePage::build()
             [this](Qt::MouseButton, Qt::KeyboardModifiers, double x, double y) {
                 m_context.guard([=, this] { pFR0_MouseDown(x, y); });
             });
+    zrt::ChartPictureMenu::Attach(pFR[0], tr("the scatter graph"));
+    zrt::ChartPictureMenu::Attach(pFR[1], tr("the correlation scale"));
+    zrt::ChartPictureMenu::Attach(pFR[2], tr("the box plots"));
     buildRankTab();
     buildBoxPlotsTab();
 }
@@ -64,7 +70,7 @@ void ComparePage::buildRankTab()
     ucTableView1 = new zrt::ucTableView(pFR[1]);
     ucTableView1->Initialize();
     for (size_t i = 0; i < zrt::kRankColumnCaptions.size(); ++i)
-        ucTableView1->ColumnAdd(static_cast<int>(i), QString::fromLatin1(zrt::kRankColumnCaptions[i]),
+        ucTableView1->ColumnAdd(static_cast<int>(i), CoreTexts::tr(zrt::kRankColumnCaptions[i]),
                                 zrt::kRankColumnWidths[i], 0);
     ucTableView1->setRaiseSubItemPrePaint(true);
     ucTableView1->setBackColor(zrt::RGB(241, 241, 217));
@@ -79,13 +85,15 @@ void ComparePage::buildRankTab()
     pdsqr->setText(QStringLiteral("<i>r</i> = 1 &minus; 6&Sigma;<i>d</i>&sup2; / <i>n</i>(<i>n</i>&sup2; &minus; 1)"));
     pdsqr->setStyleSheet(QStringLiteral("QLabel { background: white; font-size: 15px; padding: 4px; }"));
     ld = pages::NewLabel(pFR[1], QString(), QRect(0, 0, 160, 22));
-    cmdSR = pages::NewButton(m_context, pFR[1], QStringLiteral("Spearman's Rank"), QRect(0, 0, 140, 28),
+    cmdSR = pages::NewButton(m_context, pFR[1], tr("Spearman's Rank"), QRect(0, 0, 140, 28),
                              [this] { cmdSR_Click(); });
     lbSR = pages::NewLabel(pFR[1], QString(), QRect(0, 0, 160, 22));
     lbSR->hide();
-    const char *ends[] = {"Perfect Negative Correlation", "No Correlation", "Perfect Positive Correlation"};
+    const char *ends[] = {QT_TRANSLATE_NOOP("ComparePage", "Perfect Negative Correlation"),
+                          QT_TRANSLATE_NOOP("ComparePage", "No Correlation"),
+                          QT_TRANSLATE_NOOP("ComparePage", "Perfect Positive Correlation")};
     for (int i = 0; i < 3; ++i) {
-        lbc[i] = pages::NewLabel(pFR[1], QString::fromLatin1(ends[i]), QRect(0, 0, 190, 20));
+        lbc[i] = pages::NewLabel(pFR[1], tr(ends[i]), QRect(0, 0, 190, 20));
         lbc[i]->setAlignment(i == 0 ? Qt::AlignLeft : i == 1 ? Qt::AlignHCenter : Qt::AlignRight);
     }
     lbc[0]->hide();
@@ -94,14 +102,14 @@ void ComparePage::buildRankTab()
 
 void ComparePage::buildBoxPlotsTab()
 {
-    cmdBPc = pages::NewButton(m_context, pFR[2], QStringLiteral("Show Boxplots"), QRect(0, 6, 120, 28), [this] {
+    cmdBPc = pages::NewButton(m_context, pFR[2], tr("Show Boxplots"), QRect(0, 6, 120, 28), [this] {
         m_boxPlotsShown = !m_boxPlotsShown;
-        cmdBPc->setCaption(m_boxPlotsShown ? QStringLiteral("Hide Boxplots") : QStringLiteral("Show Boxplots"));
+        cmdBPc->setCaption(m_boxPlotsShown ? tr("Hide Boxplots") : tr("Show Boxplots"));
         if (m_analysis.CompareReady)
             Get_Compare_Data();
     });
     for (int i = 0; i < 2; ++i) {
-        cmdarr[i] = pages::NewButton(m_context, pFR[2], i == 0 ? QStringLiteral("Visual") : QStringLiteral("Audio"),
+        cmdarr[i] = pages::NewButton(m_context, pFR[2], i == 0 ? tr("Visual") : tr("Audio"),
                                      QRect(0, 0, 60, 26), [this, i] { ShowSummaryDetails(i); });
         cmdarr[i]->hide();
     }
@@ -175,7 +183,7 @@ void ComparePage::Get_Compare_Data()
         zrt::ExplainListFailure(e, lists, zrt::AnalysisKind::Compare, false);
         throw;
     }
-    Text1->setPlainText(QString::fromStdString(answer.pairsText).trimmed());
+    Text1->setPlainText(CoreTexts::tr(answer.pairsText).trimmed());
     if (!answer.analysed)
         return;
     ld->setText(QString::fromStdString(answer.table.squaredDifferencesText));
@@ -233,11 +241,11 @@ void ComparePage::pFR0_MouseDown(double x, double y)
     const double perPixel = pFR[0]->ScaleMode() == zrt::PictureBox::Twips ? zrt::PictureBox::TwipsPerPixel : 1;
     if (!zrt::IsMeanPoint(*pFR[0], static_cast<int>(x / perPixel), static_cast<int>(y / perPixel)))
         return;
-    pages::Explain(QString::fromStdString(zrt::MeanPointMessage(VisualSummary, AudioSummary)), QString(), window());
+    pages::Explain(CoreTexts::tr(zrt::MeanPointMessage(VisualSummary, AudioSummary)), QString(), window());
 }
 
 void ComparePage::ShowSummaryDetails(int index)
 {
-    pages::Explain(QString::fromStdString(zrt::DetailsText(index == 0 ? VisualSummary : AudioSummary)),
-                   QString::fromLatin1(zrt::DetailsTitle), window());
+    pages::Explain(CoreTexts::tr(zrt::DetailsText(index == 0 ? VisualSummary : AudioSummary)),
+                   CoreTexts::tr(zrt::DetailsTitle), window());
 }

@@ -11,6 +11,7 @@
 #include "files/RtdFile.h"
 #include "stats/Maths.h"
 
+#include <QCoreApplication>
 #include <QLabel>
 
 namespace {
@@ -32,12 +33,12 @@ DataColumn::DataColumn(PageContext &context, QWidget *parent, const QRect &geome
 
 void DataColumn::build()
 {
-    Label4 = pages::NewLabel(this, QStringLiteral("Averaged Reation times"), QRect(6, 6, 166, 18));
+    Label4 = pages::NewLabel(this, tr("Averaged Reation times"), QRect(6, 6, 166, 18));
     QFont bold = Label4->font();
     bold.setBold(true);
     Label4->setFont(bold);
-    Label5 = pages::NewLabel(this, QStringLiteral("Data Collected:"), QRect(8, 26, 160, 18), true);
-    cmdRemove = pages::NewButton(m_context, this, QStringLiteral("Remove Selected Result"), QRect(6, 48, 160, 28),
+    Label5 = pages::NewLabel(this, tr("Data Collected:"), QRect(8, 26, 160, 18), true);
+    cmdRemove = pages::NewButton(m_context, this, tr("Remove Selected Result"), QRect(6, 48, 160, 28),
                                  [this] { cmdRemove_Click(); });
 
     piclbl = new PagePanel(this);
@@ -49,7 +50,7 @@ void DataColumn::build()
     CL4->move(CL4->x(), cl2->y());
     for (int i = 0; i < 2; ++i) {
         Check5[i] = new zrt::Check(piclbl);
-        Check5[i]->setCaption(i == 0 ? QStringLiteral("Visual Data") : QStringLiteral("Audio Data"));
+        Check5[i]->setCaption(i == 0 ? tr("Visual Data") : tr("Audio Data"));
         Check5[i]->setBackColor(zrt::ToOleColor(MainMod1::HeaderColour));
         Check5[i]->setForeColor(zrt::RGB(255, 255, 255));
         // A size smaller than the column's text, so each caption fits its half of the strip.
@@ -141,8 +142,8 @@ void DataColumn::cmdRemove_Click()
 {
     const int index = cl2->ListIndex();
     if (index == -1) {
-        MsgBox(this, QStringLiteral("Please select an averaged reaction time to remove!"), vbInformation,
-               QStringLiteral("No Time Selected"));
+        MsgBox(this, tr("Please select an averaged reaction time to remove!"), vbInformation,
+               tr("No Time Selected"));
         return;
     }
     if (paired())
@@ -192,7 +193,7 @@ void DataColumn::Check5_Click(int index)
 
 void DataColumn::SetDataCount()
 {
-    const QString text = QStringLiteral("Data Collected: (") + QString::number(cl2->ListCount()) + ")";
+    const QString text = tr("Data Collected: (") + QString::number(cl2->ListCount()) + ")";
     if (Label5->text() != text) {
         Label5->setText(text);
         Q_EMIT countChanged();

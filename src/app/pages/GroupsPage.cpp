@@ -5,6 +5,7 @@
 #include "app/pages/DataColumn.h"
 #include "app/pages/PageContext.h"
 #include "app/pages/PageWidgets.h"
+#include "charts/ChartPictures.h"
 #include "charts/CumulativeFrequency.h"
 #include "charts/EstimatedMeanTable.h"
 #include "charts/PictureBox.h"
@@ -12,17 +13,28 @@
 #include "controls/Check.h"
 #include "controls/GlossButton.h"
 #include "controls/ShapedTabs.h"
+#include "i18n/CoreTexts.h"
 #include "stats/GroupedData.h"
 
+#include <QCoreApplication>
 #include <QLabel>
 #include <QTextEdit>
 
 namespace {
 
+// What the four show buttons show.
+const char *const kTally = QT_TRANSLATE_NOOP("GroupsPage", "Tally/Frequency");
+const char *const kResults = QT_TRANSLATE_NOOP("GroupsPage", "Results");
+const char *const kCF = QT_TRANSLATE_NOOP("GroupsPage", "CF");
+const char *const kPlot = QT_TRANSLATE_NOOP("GroupsPage", "Plot");
+
 // A show button's caption for its state.
 QString Caption(bool shown, const char *what)
 {
-    return (shown ? QStringLiteral("Hide ") : QStringLiteral("Show ")) + QString::fromLatin1(what);
+    // Whole phrases, so that a language may put the verb after the object.
+    const QString object = QCoreApplication::translate("GroupsPage", what);
+    return shown ? QCoreApplication::translate("GroupsPage", "Hide %1").arg(object)
+                 : QCoreApplication::translate("GroupsPage", "Show %1").arg(object);
 }
 
 } // namespace
@@ -39,14 +51,14 @@ GroupsPage::GroupsPage(PageContext &context, zrt::AnalysisState &analysis, DataC
 
 void GroupsPage::build()
 {
-    Label8 = pages::NewLabel(this, QStringLiteral("Current Data to 1/100 th of a second:"), QRect(10, 12, 260, 20));
-    lbsort1 = pages::NewLabel(this, QStringLiteral("Sort Data:"), QRect(430, 12, 80, 20));
+    Label8 = pages::NewLabel(this, tr("Current Data to 1/100 th of a second:"), QRect(10, 12, 260, 20));
+    lbsort1 = pages::NewLabel(this, tr("Sort Data:"), QRect(430, 12, 80, 20));
     Check2 = new zrt::Check(this);
     Check2->setGeometry(510, 12, 24, 20);
     t4 = pages::NumbersBox(this, QRect(10, 40, 780, 100));
     Tab2 = pages::NewTabs(m_context, this,
-                          {QStringLiteral("Grouped Data"), QStringLiteral("Estimated Mean"),
-                           QStringLiteral("Cumulative Frequency (CF)"), QStringLiteral("CF Plot")},
+                          {tr("Grouped Data"), tr("Estimated Mean"),
+                           tr("Cumulative Frequency (CF)"), tr("CF Plot")},
                           false, [this](int index) { Tab2_Click(index); });
     for (auto &frame : f2) {
         frame = new PagePanel(this);
@@ -56,6 +68,10 @@ void GroupsPage::build()
     pEmean = pages::Surface(f2[1]);
     pCF = pages::Surface(f2[2]);
     ppCF = pages::Surface(f2[3]);
+    zrt::ChartPictureMenu::Attach(ptally, tr("the tally and frequency table"));
+    zrt::ChartPictureMenu::Attach(pEmean, tr("the estimated mean table"));
+    zrt::ChartPictureMenu::Attach(pCF, tr("the cumulative frequency table"));
+    zrt::ChartPictureMenu::Attach(ppCF, tr("the cumulative frequency plot"));
     buildShowButtons();
     keepChartsOnResize();
     connect(Check2, &zrt::Check::Click, this, [this] { m_context.guard([this] { Q_EMIT sortChanged(); }); });
@@ -63,26 +79,26 @@ void GroupsPage::build()
 
 void GroupsPage::buildShowButtons()
 {
-    cmdTally = pages::NewButton(m_context, ptally, Caption(false, "Tally/Frequency"), QRect(0, 0, 170, 28), [this] {
+    cmdTally = pages::NewButton(m_context, ptally, Caption(false, kTally), QRect(0, 0, 170, 28), [this] {
         m_shown.tally = !m_shown.tally;
-        cmdTally->setCaption(Caption(m_shown.tally, "Tally/Frequency"));
+        cmdTally->setCaption(Caption(m_shown.tally, kTally));
         Get_Grouped_Data();
     });
-    cmdR = pages::NewButton(m_context, pEmean, Caption(false, "Results"), QRect(0, 0, 120, 28), [this] {
+    cmdR = pages::NewButton(m_context, pEmean, Caption(false, kResults), QRect(0, 0, 120, 28), [this] {
         m_shown.results = !m_shown.results;
-        cmdR->setCaption(Caption(m_shown.results, "Results"));
+        cmdR->setCaption(Caption(m_shown.results, kResults));
         Get_Grouped_Data();
         DrawEstimatedMean();
     });
-    cmdCF = pages::NewButton(m_context, pCF, Caption(false, "CF"), QRect(0, 0, 100, 28), [this] {
+    cmdCF = pages::NewButton(m_context, pCF, Caption(false, kCF), QRect(0, 0, 100, 28), [this] {
         m_shown.cumulative = !m_shown.cumulative;
-        cmdCF->setCaption(Caption(m_shown.cumulative, "CF"));
+        cmdCF->setCaption(Caption(m_shown.cumulative, kCF));
         if (m_analysis.GroupedReady)
             DrawCFTable();
     });
-    cmdPlot = pages::NewButton(m_context, ppCF, Caption(false, "Plot"), QRect(0, 6, 100, 28), [this] { togglePlot(); });
+    cmdPlot = pages::NewButton(m_context, ppCF, Caption(false, kPlot), QRect(0, 6, 100, 28), [this] { togglePlot(); });
     Check3 = new zrt::Check(ppCF);
-    Check3->setCaption(QStringLiteral("Show Quartiles"));
+    Check3->setCaption(tr("Show Quartiles"));
     Check3->setGeometry(0, 40, 130, 20);
     Check3->setVisible(false);
     connect(Check3, &zrt::Check::Click, this, [this] {
@@ -96,7 +112,7 @@ void GroupsPage::buildShowButtons()
 void GroupsPage::togglePlot()
 {
     m_shown.plot = !m_shown.plot;
-    cmdPlot->setCaption(Caption(m_shown.plot, "Plot"));
+    cmdPlot->setCaption(Caption(m_shown.plot, kPlot));
     // The quartiles can only be asked for on a shown plot; hiding it forgets the choice.
     Check3->setVisible(m_shown.plot);
     if (!m_shown.plot)
@@ -194,7 +210,7 @@ void GroupsPage::Get_Grouped_Data()
         zrt::ExplainListFailure(e, lists, zrt::AnalysisKind::Groups, m_column.visualChosen() != 1);
         throw;
     }
-    t4->setPlainText(QString::fromStdString(answer.dataText).trimmed());
+    t4->setPlainText(CoreTexts::tr(answer.dataText).trimmed());
     if (!answer.analysed)
         return;
     DrawTally();

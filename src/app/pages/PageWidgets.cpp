@@ -1,5 +1,6 @@
 #include "app/pages/PageWidgets.h"
 
+#include "app/Language.h"
 #include "app/MainMod1.h"
 #include "app/pages/PageContext.h"
 #include "charts/PictureBox.h"
@@ -87,6 +88,14 @@ QByteArray ResourceBytes(const QString &path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QString PictureInLanguage(const QString &path)
+{
+    if (Language::current() == QLatin1String("en") || !path.endsWith(QLatin1String(".png")))
+        return path;
+    const QString local = path.left(path.size() - 4) + QLatin1Char('_') + Language::current() + QStringLiteral(".png");
+    return QFile::exists(local) ? local : path;
 }
 
 QVariantMap CharacterProperties(const QByteArray &gif)

@@ -19,9 +19,6 @@ class PictureBox;
 class ShapedTabs;
 } // namespace zrt
 
-// Beside a result answered with the space bar.
-inline constexpr const char *kSpaceBarNote = "(by space bar)";
-
 namespace pages {
 
 QLabel *NewLabel(QWidget *parent, const QString &text, const QRect &geometry, bool wrap = false);
@@ -46,6 +43,10 @@ zrt::ShapedTabs *NewTabs(const PageContext &context, QWidget *page, const QStrin
 
 // The bytes of a compiled-in resource; empty when it is missing.
 QByteArray ResourceBytes(const QString &path);
+
+// A picture with words in it in the window's language: ":/images/x.png" becomes
+// ":/images/x_de.png" in German where that picture exists.
+QString PictureInLanguage(const QString &path);
 // What the window stores for a character player: its picture, scaled down only, built after load.
 QVariantMap CharacterProperties(const QByteArray &gif);
 

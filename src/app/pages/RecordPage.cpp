@@ -14,6 +14,7 @@
 #include "reaction/SoundBas.h"
 #include "reaction/mStopWatch.h"
 
+#include <QCoreApplication>
 #include <QLabel>
 #include <QShortcut>
 
@@ -65,23 +66,23 @@ void RecordPage::build()
     setPicture(QImage(QStringLiteral(":/images/record_stage.png")));
 
     IMmsg = new QLabel(this);
-    IMmsg->setPixmap(QPixmap(QStringLiteral(":/images/start_invitation.png")));
+    IMmsg->setPixmap(QPixmap(PictureInLanguage(QStringLiteral(":/images/start_invitation.png"))));
     IMmsg->resize(225, 178);
 
-    command1 = pages::NewButton(m_context, this, QStringLiteral("Start"), QRect(0, kRunTop, kStartWidth, kButtonHeight),
+    command1 = pages::NewButton(m_context, this, tr("Start"), QRect(0, kRunTop, kStartWidth, kButtonHeight),
                                 [this] { command1_Click(); });
-    Label3 = pages::NewLabel(this, QStringLiteral("Average Reaction time"), QRect(0, kVerdictTop, kVerdictWidth, 0),
+    Label3 = pages::NewLabel(this, tr("Average Reaction time"), QRect(0, kVerdictTop, kVerdictWidth, 0),
                              true);
     Label3->setAlignment(Qt::AlignCenter);
     Label3->hide();
     for (int i = 0; i < 2; ++i) {
         GlossButton1[i] = pages::NewButton(m_context, this,
-                                           i == 0 ? QStringLiteral("Add Result") : QStringLiteral("Cancel"),
+                                           i == 0 ? tr("Add Result") : tr("Cancel"),
                                            QRect(0, 0, kResultButtonWidth, kButtonHeight),
                                            [this, i] { GlossButton1_Click(i); });
         GlossButton1[i]->hide();
     }
-    Label2 = pages::NewLabel(this, QStringLiteral("Reaction Times:"), QRect(kListLeft, kRunTop, kListWidth, 18), true);
+    Label2 = pages::NewLabel(this, tr("Reaction Times:"), QRect(kListLeft, kRunTop, kListWidth, 18), true);
     cl1 = new zrt::RowList(this);
     cl1->setGeometry(kListLeft, kListTop, kListWidth, tw(1710));
     buildSettingsPanel();
@@ -98,8 +99,8 @@ void RecordPage::buildSettingsPanel()
     // list drops down inside it, and leaves the middle free for Start and the result.
     pSettings = new PagePanel(this);
     pSettings->setBackColor(QColor(236, 240, 226));
-    Label1[0] = pages::NewLabel(pSettings, QStringLiteral("Number of Zorvanes:"), QRect());
-    Label1[1] = pages::NewLabel(pSettings, QStringLiteral("Number of attempts:"), QRect());
+    Label1[0] = pages::NewLabel(pSettings, tr("Number of Zorvanes:"), QRect());
+    Label1[1] = pages::NewLabel(pSettings, tr("Number of attempts:"), QRect());
     int captionWidth = 0;
     for (QLabel *label : Label1) {
         QFont small = label->font();
@@ -130,18 +131,18 @@ void RecordPage::buildSettingsPanel()
     connect(List2, &zrt::RowList::ListIndexChange, this, [this] { m_context.guard([this] { List2_Click(); }); });
 
     Check4 = new zrt::Check(pSettings);
-    Check4->setCaption(QStringLiteral("Compare visual && audio"));
-    const int checkWidth = Check4->fontMetrics().horizontalAdvance(QStringLiteral("Compare visual & audio")) + 28;
+    Check4->setCaption(tr("Compare visual && audio"));
+    const int checkWidth = Check4->fontMetrics().horizontalAdvance(tr("Compare visual & audio")) + 28;
     Check4->setGeometry(kSettingsMargin, 2 * kSettingsRowHeight + 4, checkWidth, 20);
     Check4->setValue(1);
     Check4->setBackColor(zrt::ToOleColor(pSettings->backColor()));
     connect(Check4, &zrt::Check::Click, this, [this] { m_context.guard([this] { m_column.Check4_Click(); }); });
     CheckSpace = new zrt::Check(pSettings);
-    CheckSpace->setCaption(QStringLiteral("Respond with the space bar"));
+    CheckSpace->setCaption(tr("Respond with the space bar"));
     QFont small = CheckSpace->font();
     small.setPointSizeF(small.pointSizeF() * 0.9);
     CheckSpace->setFont(small);
-    const int spaceWidth = CheckSpace->fontMetrics().horizontalAdvance(QStringLiteral("Respond with the space bar")) + 28;
+    const int spaceWidth = CheckSpace->fontMetrics().horizontalAdvance(CheckSpace->Caption()) + 28;
     CheckSpace->setGeometry(kSettingsMargin, 3 * kSettingsRowHeight + 2, spaceWidth, 20);
     CheckSpace->setValue(0);
     CheckSpace->setBackColor(zrt::ToOleColor(pSettings->backColor()));
@@ -426,12 +427,12 @@ void RecordPage::ucGifPlayer1_MouseDown(int index)
 
 void RecordPage::showVerdict(const QString &mean, bool tooSlow)
 {
-    QString verdict = QStringLiteral("Average Reaction time ") + mean + QStringLiteral(" seconds");
+    QString verdict = tr("Average Reaction time ") + mean + tr(" seconds");
     if (tooSlow)
-        verdict += "\n" + QStringLiteral("Far too slow please try again!");
+        verdict += "\n" + tr("Far too slow please try again!");
     // Times answered by key are told apart from those answered by mouse.
     if (respondsWithSpace())
-        verdict += "\n" + QString::fromLatin1(kSpaceBarNote);
+        verdict += "\n" + tr("(by space bar)");
     Label3->setText(verdict);
     command1->setEnabled(!tooSlow);
     GlossButton1[0]->setEnabled(!tooSlow);
