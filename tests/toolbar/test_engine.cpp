@@ -1,6 +1,6 @@
 // The message engine's contract and the shared drawing helpers.
-#include "toolbar/GraphicsBas1.h"
-#include "toolbar/MessageEngine.h"
+#include "gfx/GraphicsBas1.h"
+#include "gfx/MessageEngine.h"
 
 #include <QApplication>
 #include <QMouseEvent>
