@@ -17,6 +17,11 @@ public:
 
     QString text(QAccessible::Text t) const override;
     QAccessible::State state() const override;
+    // The box picture and the caption strip are the control's own drawing, not children.
+    int childCount() const override { return 0; }
+    QAccessibleInterface *child(int) const override { return nullptr; }
+    int indexOfChild(const QAccessibleInterface *) const override { return -1; }
+    QAccessibleInterface *childAt(int, int) const override { return nullptr; }
     QStringList actionNames() const override;
     void doAction(const QString &action) override;
 

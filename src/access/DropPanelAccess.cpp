@@ -32,8 +32,10 @@ DropPanel *DropPanelAccess::panel() const { return static_cast<DropPanel *>(widg
 
 QString DropPanelAccess::text(QAccessible::Text t) const
 {
-    if (t == QAccessible::Name)
-        return NameFrom(panel()->Title(), panel());
+    if (t == QAccessible::Value)
+        return SpokenCaption(panel()->Title());
+    if (t == QAccessible::Name && panel()->accessibleName().isEmpty())
+        return SpokenCaption(panel()->Title());
     return QAccessibleWidget::text(t);
 }
 

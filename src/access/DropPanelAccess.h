@@ -1,5 +1,6 @@
 #pragma once
-// DropPanel as a drop-down: named by its title, expanded or collapsed; pressing it through the
+// DropPanel as a drop-down: its title is the value it shows, and its name too unless the program
+// gave it one (the label beside it, say); expanded or collapsed. Pressing it through the
 // interface opens a folded panel and folds an open one, showing its menu opens it.
 
 #include <QAccessibleWidget>

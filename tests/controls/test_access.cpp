@@ -93,6 +93,7 @@ TEST_F(AccessControls, CheckIsACheckBoxWhoseToggleMovesTheValueAndClicks)
     EXPECT_EQ(iface->text(QAccessible::Name), "Show Quartiles");
     EXPECT_TRUE(iface->state().checkable);
     EXPECT_FALSE(iface->state().checked);
+    EXPECT_EQ(iface->childCount(), 0) << "the box picture and caption strip are its own drawing";
 
     QAccessibleActionInterface *actions = Actions(iface);
     ASSERT_NE(actions, nullptr);
@@ -274,6 +275,11 @@ TEST_F(AccessControls, DropPanelIsADropDownThatAPressOpensAndFolds)
     ASSERT_NE(iface, nullptr);
     EXPECT_EQ(iface->role(), QAccessible::ComboBox);
     EXPECT_EQ(iface->text(QAccessible::Name), "Precision");
+    EXPECT_EQ(iface->text(QAccessible::Value), "Precision");
+    // Named by the label beside it, the panel shows its title as its value.
+    panel.setAccessibleName(QStringLiteral("Number of attempts:"));
+    EXPECT_EQ(iface->text(QAccessible::Name), "Number of attempts:");
+    EXPECT_EQ(iface->text(QAccessible::Value), "Precision");
     EXPECT_TRUE(iface->state().collapsed);
     EXPECT_FALSE(iface->state().expanded);
     // The title strip is the name, not a child; the body is.
