@@ -22,6 +22,7 @@
 #include "toolbar/ThemedToolbar.h"
 
 #include <QAccessible>
+#include <QTreeWidget>
 
 #include <atomic>
 
@@ -40,7 +41,10 @@ QAccessibleInterface *Make(QWidget *w)
     if (auto *l = qobject_cast<RowList *>(w))
         return new access::RowListAccess(l);
     if (auto *t = qobject_cast<ucTableView *>(w))
-        return new access::TableViewAccess(t);
+        return new access::TableViewAccess(t, t);
+    if (auto *tree = qobject_cast<QTreeWidget *>(w))
+        if (auto *t = qobject_cast<ucTableView *>(tree->parentWidget()); t && t->List() == tree)
+            return new access::TableViewAccess(tree, t);
     if (auto *t = qobject_cast<ShapedTabs *>(w))
         return new access::ShapedTabsAccess(t);
     if (auto *p = qobject_cast<DropPanel *>(w))

@@ -19,8 +19,9 @@ QRect GlobalRect(const QWidget *widget, const QRect &local)
 }
 } // namespace
 
-TableViewAccess::TableViewAccess(ucTableView *v)
-    : QAccessibleWidget(v, QAccessible::Table),
+TableViewAccess::TableViewAccess(QWidget *host, ucTableView *v)
+    : QAccessibleWidget(host, QAccessible::Table),
+      m_view(v),
       m_headers([this](int column) -> QAccessibleInterface * { return new TableHeaderAccess(this, column); }),
       m_cells([this](int key) -> QAccessibleInterface * {
           return new TableCellAccess(this, key / kColumnsPerKey, key % kColumnsPerKey, key);
@@ -31,13 +32,23 @@ TableViewAccess::TableViewAccess(ucTableView *v)
     });
 }
 
-ucTableView *TableViewAccess::view() const { return static_cast<ucTableView *>(widget()); }
+ucTableView *TableViewAccess::view() const { return m_view; }
 
-int TableViewAccess::columnCount() const { return std::min(view()->ColumnCount(), kColumnsPerKey); }
+bool TableViewAccess::isValid() const { return m_view && QAccessibleWidget::isValid(); }
 
-int TableViewAccess::rowCount() const { return view()->Count(); }
+QString TableViewAccess::text(QAccessible::Text t) const
+{
+    // The inner list has no name of its own; it is the control.
+    if (t == QAccessible::Name && widget() != m_view && m_view)
+        return m_view->accessibleName();
+    return QAccessibleWidget::text(t);
+}
 
-int TableViewAccess::headerCount() const { return view()->HeaderHide() ? 0 : columnCount(); }
+int TableViewAccess::columnCount() const { return m_view ? std::min(m_view->ColumnCount(), kColumnsPerKey) : 0; }
+
+int TableViewAccess::rowCount() const { return m_view ? m_view->Count() : 0; }
+
+int TableViewAccess::headerCount() const { return m_view && !m_view->HeaderHide() ? columnCount() : 0; }
 
 QAccessibleInterface *TableViewAccess::headerAt(int column) const
 {
@@ -71,7 +82,7 @@ int TableViewAccess::indexOfChild(const QAccessibleInterface *child) const
 
 QAccessibleInterface *TableViewAccess::childAt(int x, int y) const
 {
-    const QTreeWidget *list = view()->List();
+    const QTreeWidget *list = m_view ? m_view->List() : nullptr;
     if (!list)
         return nullptr;
     const QPoint at = list->viewport()->mapFromGlobal(QPoint(x, y));
@@ -83,7 +94,7 @@ QAccessibleInterface *TableViewAccess::childAt(int x, int y) const
 
 QAccessibleInterface *TableViewAccess::focusChild() const
 {
-    const QTreeWidget *list = view()->List();
+    const QTreeWidget *list = m_view ? m_view->List() : nullptr;
     if (!list || !list->hasFocus() || !list->currentIndex().isValid())
         return nullptr;
     return cellAt(list->currentIndex().row(), list->currentIndex().column());
@@ -125,9 +136,9 @@ QList<QAccessibleInterface *> TableViewAccess::selectedCells() const
     return cells;
 }
 
-QString TableViewAccess::columnDescription(int column) const { return view()->ColumnText(column); }
+QString TableViewAccess::columnDescription(int column) const { return m_view ? m_view->ColumnText(column) : QString(); }
 
-bool TableViewAccess::isRowSelected(int row) const { return view()->ItemSelected(row); }
+bool TableViewAccess::isRowSelected(int row) const { return row >= 0 && row < rowCount() && m_view->ItemSelected(row); }
 
 bool TableViewAccess::selectRow(int row)
 {

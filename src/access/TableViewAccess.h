@@ -1,7 +1,8 @@
 #pragma once
 // ucTableView as a table: the column headings first, then one cell per row and column, named by
-// its text; a row is selected as the control has it. The inner list widget stays out of the
-// tree, so a screen reader meets one table, not a table in a tree.
+// its text; a row is selected as the control has it. The inner list widget, which takes the
+// keyboard focus, answers as the same table, so a screen reader that follows the focus meets a
+// table there too and never Qt's tree of the inner list.
 
 #include "access/AccessSupport.h"
 
@@ -17,8 +18,11 @@ namespace zrt::access {
 
 class TableViewAccess : public QAccessibleWidget, public QAccessibleTableInterface {
 public:
-    explicit TableViewAccess(ucTableView *view);
+    // host is the control itself or its inner list; the rows and cells are the control's.
+    TableViewAccess(QWidget *host, ucTableView *view);
 
+    bool isValid() const override;
+    QString text(QAccessible::Text t) const override;
     int childCount() const override;
     QAccessibleInterface *child(int index) const override;
     int indexOfChild(const QAccessibleInterface *child) const override;
@@ -54,6 +58,7 @@ public:
     QAccessibleInterface *headerAt(int column) const;
 
 private:
+    QPointer<ucTableView> m_view;
     PartCache m_headers;
     PartCache m_cells;
 };

@@ -216,6 +216,14 @@ TEST_F(AccessControls, TableViewIsATableOfHeadingsAndCells)
     EXPECT_EQ(itemClicks.first().first().toInt(), 1);
     EXPECT_GE(AccessRecorder::count(&view, QAccessible::SelectionWithin), 1);
 
+    // The inner list, which takes the keyboard focus, answers as the same table.
+    QAccessibleInterface *inner = Iface(view.List());
+    ASSERT_NE(inner, nullptr);
+    EXPECT_EQ(inner->role(), QAccessible::Table);
+    ASSERT_NE(inner->tableInterface(), nullptr);
+    EXPECT_EQ(inner->tableInterface()->cellAt(1, 0)->text(QAccessible::Name), "0.302");
+    EXPECT_EQ(inner->parent(), iface);
+
     // The text follows the control; a hidden heading row leaves only the cells.
     view.setSubItemText(1, 1, QStringLiteral("0.250"));
     EXPECT_EQ(cell->text(QAccessible::Name), "0.250");
