@@ -2,9 +2,9 @@
 # Installs what the build, the program and the tests need on Debian 12, skipping what is there.
 set -euo pipefail
 packages=(build-essential cmake ninja-build pkg-config
-          qt6-base-dev qt6-multimedia-dev libgl1-mesa-dev
+          qt6-base-dev qt6-multimedia-dev qt6-svg-dev libgl1-mesa-dev
           libgtest-dev libbenchmark-dev
-          fonts-liberation xvfb xauth
+          fonts-liberation xvfb xauth poppler-utils
           libx11-dev libxtst-dev pulseaudio pulseaudio-utils)
 # The .deb's dependency scan and the checks of scripts/package-check.sh.
 packages+=(dpkg-dev desktop-file-utils appstream shared-mime-info)

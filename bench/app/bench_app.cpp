@@ -4,7 +4,7 @@
 
 #include "app/MainFrm.h"
 #include "app/MainMod1.h"
-#include "app/MsgBox.h"
+#include "dialogs/MsgBox.h"
 #include "anim/ucGifPlayer.h"
 #include "controls/Check.h"
 #include "reaction/SoundBas.h"
@@ -103,28 +103,33 @@ void PagesBenchmark()
         std::mt19937 rng(20261122);
         std::uniform_real_distribution<double> visual(0.15, 0.55), audio(0.18, 0.65);
         for (int i = 0; i < n; ++i) {
-            window.cl2->AddItem(QString::number(visual(rng), 'f', 5));
-            window.CL4->AddItem(QString::number(audio(rng), 'f', 5));
+            window.P2->cl2->AddItem(QString::number(visual(rng), 'f', 5));
+            window.P2->CL4->AddItem(QString::number(audio(rng), 'f', 5));
         }
-        window.SetDataCount();
-        for (auto *b : {window.averages.cmdBP, window.averages.cmdSL, window.groups.cmdTally, window.groups.cmdR,
-                        window.groups.cmdCF, window.groups.cmdPlot, window.compare.cmdSG, window.compare.cmdBPc})
-            b->setCaption(b->Caption().replace(QLatin1String("Show"), QLatin1String("Hide")));
+        window.P2->SetDataCount();
+        // Every chart shown, as a press on each show button does.
+        for (auto *b : {window.averages->cmdBP, window.averages->cmdSL, window.groups->cmdTally, window.groups->cmdR,
+                        window.groups->cmdCF, window.groups->cmdPlot, window.compare->cmdSG, window.compare->cmdBPc}) {
+            try {
+                Q_EMIT b->Click();
+            } catch (const zrt::RunTimeError &) {
+            }
+        }
         window.ThemedToolbar1->setBtnValue(7, true);
         window.ThemedToolbar1->setBtnValue(8, true);
         QString failure;
         const std::pair<const char *, std::function<void()>> steps[] = {
             {"Refresh_Data", [&] { window.Refresh_Data(); }},
-            {"box plot", [&] { window.DrawBoxPlot(); }},
-            {"stem and leaf", [&] { window.DrawStemLeaf(); }},
-            {"tally", [&] { window.DrawTally(); }},
-            {"estimated mean", [&] { window.DrawEstimatedMean(); }},
-            {"CF table", [&] { window.DrawCFTable(); }},
-            {"CF plot", [&] { window.DrawCFPlot(); }},
-            {"compare page", [&] { window.Get_Compare_Data(); }},
-            {"scatter graph", [&] { window.DrawScatterGraph(); }},
-            {"comparison box plots", [&] { window.DrawCompareBoxPlots(); }},
-            {"correlation scale", [&] { window.DrawCorrelationScale(); }},
+            {"box plot", [&] { window.averages->DrawBoxPlot(); }},
+            {"stem and leaf", [&] { window.averages->DrawStemLeaf(); }},
+            {"tally", [&] { window.groups->DrawTally(); }},
+            {"estimated mean", [&] { window.groups->DrawEstimatedMean(); }},
+            {"CF table", [&] { window.groups->DrawCFTable(); }},
+            {"CF plot", [&] { window.groups->DrawCFPlot(); }},
+            {"compare page", [&] { window.compare->Get_Compare_Data(); }},
+            {"scatter graph", [&] { window.compare->DrawScatterGraph(); }},
+            {"comparison box plots", [&] { window.compare->DrawCompareBoxPlots(); }},
+            {"correlation scale", [&] { window.compare->DrawCorrelationScale(); }},
         };
         // The whole refresh several times over; the median of its processor time (this thread's)
         // and of its wall time.
@@ -161,19 +166,19 @@ void LargestFileBenchmark()
     std::mt19937 rng(20261123);
     std::uniform_real_distribution<double> visual(0.15, 0.55), audio(0.18, 0.65);
     for (int i = 0; i < 32767; ++i) {
-        window.cl2->AddItem(QString::number(visual(rng), 'f', 5));
-        window.CL4->AddItem(QString::number(audio(rng), 'f', 5));
+        window.P2->cl2->AddItem(QString::number(visual(rng), 'f', 5));
+        window.P2->CL4->AddItem(QString::number(audio(rng), 'f', 5));
     }
-    window.SetDataCount();
+    window.P2->SetDataCount();
     const std::pair<const char *, std::function<void()>> pages[] = {
-        {"Averages", [&] { window.Get_Averages(); window.DrawBoxPlot(); window.DrawStemLeaf(); }},
+        {"Averages", [&] { window.averages->Get_Averages(); window.averages->DrawBoxPlot(); window.averages->DrawStemLeaf(); }},
         {"Groups",
          [&] {
-             window.Get_Grouped_Data();
-             window.DrawTally();
-             window.DrawEstimatedMean();
-             window.DrawCFTable();
-             window.DrawCFPlot();
+             window.groups->Get_Grouped_Data();
+             window.groups->DrawTally();
+             window.groups->DrawEstimatedMean();
+             window.groups->DrawCFTable();
+             window.groups->DrawCFPlot();
          }},
     };
     for (const auto &[name, page] : pages) {
@@ -291,24 +296,24 @@ int main(int argc, char *argv[])
     window.resize(1000, 700);
     window.show();
     QCoreApplication::processEvents();
-    window.Check4->setValue(0);
-    window.Check4_Click();
+    window.P3->Check4->setValue(0);
+    window.P2->Check4_Click();
 
     std::vector<double> stimulus, response;
     for (int i = 0; i < pops; ++i) {
-        if (window.AttemptCount == 0 || !window.timers().isArmed(TimerVisualPop)) {
-            window.VisualAverage = 0;
-            window.command1_Click();
+        if (window.P3->run.attemptCount() == 0 || !window.timers().isArmed(TimerVisualPop)) {
+            window.P3->run.clearMean(zrt::Sense::Visual);
+            window.P3->command1_Click();
         }
         window.chance().script({0.0f});
         window.timers().fire(TimerVisualPop);
         // The pop returns once the risen frame is painted; SwElapsed now is that whole path.
-        stimulus.push_back(static_cast<double>(mStopWatch::SwElapsed(window.RunStopwatch)) * 1e6);
+        stimulus.push_back(static_cast<double>(mStopWatch::SwElapsed(window.P3->RunStopwatch)) * 1e6);
 
-        ucGifPlayer *risen = window.ucGifPlayer1[0];
-        for (auto *c : window.ucGifPlayer1)
-            if (Tag(c) == QLatin1String("1"))
-                risen = c;
+        zrt::ucGifPlayer *risen = window.P3->ucGifPlayer1[0];
+        for (size_t c = 0; c < window.P3->ucGifPlayer1.size(); ++c)
+            if (window.P3->characterState(static_cast<int>(c)) == RecordPage::CharacterState::Risen)
+                risen = window.P3->ucGifPlayer1[c];
         const std::int64_t posted = Now();
         QCoreApplication::postEvent(risen, new QMouseEvent(QEvent::MouseButtonPress, QPointF(50, 200),
                                                            risen->mapToGlobal(QPointF(50, 200)), Qt::LeftButton,

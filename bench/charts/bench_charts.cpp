@@ -35,9 +35,9 @@ zrt::CollectedLists Sample(int n)
     char buf[32];
     for (int i = 0; i < n; ++i) {
         std::snprintf(buf, sizeof buf, "%.5f", visual(rng));
-        l.cl2.emplace_back(buf);
+        l.visual.emplace_back(buf);
         std::snprintf(buf, sizeof buf, "%.5f", audio(rng));
-        l.CL4.emplace_back(buf);
+        l.audio.emplace_back(buf);
     }
     return l;
 }
@@ -55,8 +55,8 @@ struct Page {
     explicit Page(int n) : lists(Sample(n))
     {
         zrt::Get_Averages(zrt::AveragesInput{lists, 0, 0, 1}, state);
-        visual = Hundredths(lists.cl2);
-        audio = Hundredths(lists.CL4);
+        visual = Hundredths(lists.visual);
+        audio = Hundredths(lists.audio);
         surface.resize(640, 420);
     }
     zrt::CollectedLists lists;
@@ -72,7 +72,7 @@ const std::vector<std::pair<const char *, Chart>> &Charts()
 {
     static const std::vector<std::pair<const char *, Chart>> charts = {
         {"BoxPlot", [](Page &p) { zrt::DrawBoxPlot(p.surface, p.state.AnalysisData, p.state.results, 0, true); }},
-        {"StemAndLeaf", [](Page &p) { zrt::DrawStemAndLeaf(p.surface, p.lists.cl2, int(p.lists.cl2.size()), true); }},
+        {"StemAndLeaf", [](Page &p) { zrt::DrawStemAndLeaf(p.surface, p.lists.visual, int(p.lists.visual.size()), true); }},
         {"Tally", [](Page &p) { auto d = p.visual; zrt::DrawTally(p.surface, d, true); }},
         {"EstimatedMean", [](Page &p) { auto d = p.visual; zrt::DrawEstimatedMean(p.surface, d, true); }},
         {"CFTable", [](Page &p) { auto d = p.visual; zrt::DrawCFTable(p.surface, d, true); }},

@@ -1,27 +1,26 @@
-// The main window: load, layout and resize rules, the toolbar's page buttons, the timers.
+// The main window: load, the frame's resize rule, the toolbar's page buttons, the timers and the
+// file flows. The pages do the rest.
 
 #include "app/MainFrm.h"
 
 #include "app/MainMod1.h"
-#include "dialogs/MsgBox.h"
 #include "app/PagePanel.h"
-#include "anim/ucGifPlayer.h"
 #include "common/RunTimeError.h"
 #include "controls/Check.h"
 #include "controls/DropPanel.h"
-#include "controls/GlossButton.h"
 #include "controls/RowList.h"
-#include "reaction/SoundBas.h"
-#include "reaction/mStopWatch.h"
-#include "toolbar/ThemedToolbar.h"
 #include "dialogs/AboutFrm.h"
+#include "dialogs/MsgBox.h"
+#include "files/REGbas1.h"
+#include "reaction/SoundBas.h"
+#include "toolbar/ThemedToolbar.h"
 
 #include <QCloseEvent>
-#include <QCoreApplication>
-#include <QFile>
 #include <QLabel>
 #include <QPainter>
+#include <QShortcut>
 #include <QThread>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -29,72 +28,31 @@ namespace {
 
 // Design sizes of the main area, in twips.
 constexpr int kPageHeightTw = 8400;
-constexpr int kPageHeight = kPageHeightTw / 15;
-
-// The band under the stage, in pixels: the list of times on the left, the run's buttons and
-// verdict in the middle, the settings on the right.
-constexpr int kRunTop = 400;
-constexpr int kVerdictTop = 432;
-constexpr int kListLeft = 8;
-constexpr int kListTop = 420;
-constexpr int kListWidth = 130;
-constexpr int kStartWidth = 110;
-constexpr int kResultButtonWidth = 104;
-constexpr int kButtonHeight = 30;
-constexpr int kVerdictWidth = 300;
-constexpr int kAudioVerdictWidth = 380;
-constexpr int kGap = 8;
-constexpr int kSettingsTop = 398;
-constexpr int kSettingsMargin = 4;
-constexpr int kSettingsRowHeight = 24;
-constexpr int kSettingsListWidth = 60;
 constexpr int kPageWidthCapTw = 12240;
 constexpr int kLeftColumnWidthTw = 2595;
 
-QImage ResourceImage(const QString &name) { return QImage(QStringLiteral(":/images/") + name); }
+// The toolbar's check buttons of the pages, by their place on the bar.
+constexpr int kRecordButton = 5;
+constexpr int ButtonOf(Page page) { return page == Page::Record ? kRecordButton : 6 + static_cast<int>(page); }
+// The settings file's key of the space bar setting.
+constexpr const char *kSpaceBarKey = "SpaceBar";
 
-QLabel *NewLabel(QWidget *parent, const QString &text, const QRect &geometry)
-{
-    auto *label = new QLabel(text, parent);
-    label->setGeometry(geometry);
-    label->setWordWrap(true);
-    return label;
-}
+constexpr std::array<Page, 3> kAnalysisPages = {Page::Averages, Page::Groups, Page::Compare};
 
 } // namespace
-
-QVariantMap CharacterProperties(const QByteArray &gif)
-{
-    return {{QStringLiteral("GIF"), gif}, {QStringLiteral("Stretch"), 3}, {QStringLiteral("DelayLoad"), 2}};
-}
-
-QByteArray ResourceBytes(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-QString Tag(const QObject *control) { return control ? control->property("Tag").toString() : QString(); }
-
-void SetTag(QObject *control, const QString &tag)
-{
-    if (control)
-        control->setProperty("Tag", tag);
-}
 
 MainFrm::MainFrm(QWidget *parent, bool manualTimers) : QMainWindow(parent)
 {
     InitResources();
-    m_timers.setManual(manualTimers);
+    m_context.timers.setManual(manualTimers);
     setWindowTitle(QStringLiteral("Zorvane Reaction Times"));
     m_client = new QWidget(this);
     m_client->installEventFilter(this);
     setCentralWidget(m_client);
-    m_timers.setCallback([this](int id) { guarded([this, id] { TestTimerProc(id); }); });
-    m_sleep = [](int ms) { QThread::msleep(static_cast<unsigned long>(ms)); };
-    m_hasAudioOutput = [] { return SoundBas::SoundPlayer::instance().hasOutput(); };
-    m_character1 = ResourceBytes(QStringLiteral(":/gif/character1.gif"));
-    m_character2 = ResourceBytes(QStringLiteral(":/gif/character2.gif"));
+    m_context.timers.setCallback([this](int id) { guarded([this, id] { TestTimerProc(id); }); });
+    m_context.sleep = [](int ms) { QThread::msleep(static_cast<unsigned long>(ms)); };
+    m_context.hasAudioOutput = [] { return SoundBas::SoundPlayer::instance().hasOutput(); };
+    m_context.guarded = [this](const std::function<void()> &handler) { guarded(handler); };
     Form_Load();
 }
 
@@ -115,31 +73,27 @@ void MainFrm::Form_Load()
 {
     // The window can't be made smaller than the layout needs; its largest size is the screen's.
     m_client->setMinimumSize(785, 656);
-    RunStopwatch = mStopWatch::SwNew();
-
     buildToolbarStrip();
-    buildLeftColumn();
-    buildRecordPage();
-    buildAudioStage();
-    buildAnalysisPages();
+    buildPages();
 
-    averages.cl3->setListIndex(0);
+    averages->cl3->setListIndex(0);
     // The two settings lists: 1..5 characters, 4..10 attempts.
-    List1->setListIndex(2);
-    List2->setListIndex(0);
+    P3->List1->setListIndex(2);
+    P3->List2->setListIndex(0);
 
     buildToolbar();
+    buildShortcuts();
     Ptoolbar->setFixedHeight(ThemedToolbar1->height());
     for (auto *page : p4)
         page->setBackColor(MainMod1::PanelColour);
-    cl1->setBackStyle(1);
-    cl5->setBackStyle(1);
-    arange_data_lists();
-    cmdRemove->raise();
+    P3->cl1->setBackStyle(1);
+    P5->cl5->setBackStyle(1);
+    P2->arange_data_lists();
+    P2->cmdRemove->raise();
     P2->setBackColor(MainMod1::PanelColour);
     // The headings of the two lists of times in the dark green of the program's texts: the light
     // strip colour they once had could hardly be read on the stage's pale ground.
-    for (QLabel *heading : {Label2, Label10}) {
+    for (QLabel *heading : {P3->Label2, P5->Label10}) {
         QPalette palette = heading->palette();
         palette.setColor(QPalette::WindowText, MainMod1::DarkGreenColour);
         heading->setPalette(palette);
@@ -148,7 +102,7 @@ void MainFrm::Form_Load()
     resize(tw(11775), tw(690 + 8565));
     Form_Resize();
     nameControls();
-    m_timers.SetTimer(TimerIdlePeek, 2500);
+    m_context.timers.SetTimer(TimerIdlePeek, 2500);
 }
 
 void MainFrm::buildToolbarStrip()
@@ -160,10 +114,40 @@ void MainFrm::buildToolbarStrip()
                           zrt::GradientDirection::TopToBottom);
 }
 
+void MainFrm::buildPages()
+{
+    P2 = new DataColumn(m_context, m_client, QRect(0, tw(690), tw(kLeftColumnWidthTw), tw(8565)));
+    const QRect page(tw(2835), tw(1020), tw(kPageWidthCapTw), tw(kPageHeightTw));
+    P3 = new RecordPage(m_context, *P2, m_client, page);
+    P5 = P3->P5;
+    P2->setPairedQuestion([this] { return P3->paired(); });
+    averages = new AveragesPage(m_context, analysis, *P2, m_client, page);
+    groups = new GroupsPage(m_context, analysis, *P2, m_client, page);
+    compare = new ComparePage(m_context, analysis, *P2, m_client, page);
+    p4 = {averages, groups, compare};
+
+    // The space bar setting is the pupil's own and is kept in the settings file.
+    P3->setRespondWithSpace(REGbas1::ReadIniString("Settings", kSpaceBarKey, "0", 255,
+                                                   MainMod1::SettingsFile.toStdString()) == "1");
+    connect(P3, &RecordPage::spaceSettingChanged, this, [this](bool on) {
+        const zrt::FileWrite written = REGbas1::WriteIniValue("Settings", kSpaceBarKey, on ? "1" : "0",
+                                                              MainMod1::SettingsFile.toStdString());
+        if (!written.ok)
+            MsgBox(this,
+                   QStringLiteral("The setting could not be kept in ") + MainMod1::SettingsFile + QStringLiteral(" (") +
+                       QString::fromStdString(written.reason) + QStringLiteral(").\nIt holds until the program ends."),
+                   vbExclamation, QStringLiteral("Settings Not Saved"));
+    });
+    connect(P2, &DataColumn::countChanged, this, [this] { Label5_Change(); });
+    connect(P2, &DataColumn::choiceChanged, this, [this] { Refresh_Data(); });
+    connect(averages, &AveragesPage::sortChanged, this, [this] { Refresh_Data(); });
+    connect(groups, &GroupsPage::sortChanged, this, [this] { Refresh_Data(); });
+}
+
 void MainFrm::buildToolbar()
 {
     ThemedToolbar1 = new ThemedToolbar(Ptoolbar);
-    const QImage strip = ResourceImage(QStringLiteral("toolbar.png"));
+    const QImage strip(QStringLiteral(":/images/toolbar.png"));
     struct Item {
         const char *key, *tip;
         int cell;
@@ -193,13 +177,13 @@ void MainFrm::buildToolbar()
     }
     ThemedToolbar1->setcMenuItemTitle(QStringLiteral("Information"));
     ThemedToolbar1->setcMenuItem(1, QStringLiteral("About"));
-    ThemedToolbar1->setBtnValue(5, true);
+    ThemedToolbar1->setBtnValue(kRecordButton, true);
     ThemedToolbar1->setThemeColor(3);
     ThemedToolbar1->setVisible(true);
     ThemedToolbar1->setFixedHeight(32);
     ThemedToolbar1->SizeToButtons();
-    for (int i : {7, 8, 9})
-        ThemedToolbar1->setBtnEnabled(i, false);
+    for (Page page : kAnalysisPages)
+        ThemedToolbar1->setBtnEnabled(ButtonOf(page), false);
     ThemedToolbar1->move(0, 0);
     connect(ThemedToolbar1, &ThemedToolbar::ButtonClick, this,
             [this](int, const QString &key, const QString &) { guarded([this, key] { ToolbarButtonClick(key); }); });
@@ -209,208 +193,38 @@ void MainFrm::buildToolbar()
     });
 }
 
-void MainFrm::buildLeftColumn()
+void MainFrm::buildShortcuts()
 {
-    P2 = new PagePanel(m_client);
-    P2->setGeometry(0, tw(690), tw(kLeftColumnWidthTw), tw(8565));
-    Label4 = NewLabel(P2, QStringLiteral("Averaged Reation times"), QRect(6, 6, 166, 18));
-    Label4->setWordWrap(false);
-    QFont bold = Label4->font();
-    bold.setBold(true);
-    Label4->setFont(bold);
-    Label5 = NewLabel(P2, QStringLiteral("Data Collected:"), QRect(8, 26, 160, 18));
-    cmdRemove = new GlossButton(P2);
-    cmdRemove->setCaption(QStringLiteral("Remove Selected Result"));
-    cmdRemove->setGeometry(6, 48, 160, 28);
-    connect(cmdRemove, &GlossButton::Click, this, [this] { guarded([this] { cmdRemove_Click(); }); });
-
-    piclbl = new PagePanel(P2);
-    piclbl->setGeometry(0, 84, P2->width(), 24);
-    piclbl->setBackColor(MainMod1::HeaderColour);
-    cl2 = new RowList(P2);
-    CL4 = new RowList(P2);
-    cl2->move(0, piclbl->y() + piclbl->height());
-    CL4->move(CL4->x(), cl2->y());
-    for (int i = 0; i < 2; ++i) {
-        Check5[i] = new Check(piclbl);
-        Check5[i]->setCaption(i == 0 ? QStringLiteral("Visual Data") : QStringLiteral("Audio Data"));
-        Check5[i]->setBackColor(zrt::ToOleColor(MainMod1::HeaderColour));
-        Check5[i]->setForeColor(zrt::RGB(255, 255, 255));
-        // A size smaller than the column's text, so each caption fits its half of the strip.
-        QFont small = Check5[i]->font();
-        small.setPointSizeF(small.pointSizeF() * 0.9);
-        Check5[i]->setFont(small);
-        Check5[i]->resize(P2->width() / 2 - 2, 18);
-        connect(Check5[i], &Check::Click, this, [this, i] { guarded([this, i] { Check5_Click(i); }); });
-    }
-    Check5[0]->move(1, (piclbl->height() - Check5[0]->height()) / 2);
-    Check5[0]->setValue(1);
-    Check5[1]->move(CL4->x() + 1, Check5[0]->y());
-
-    // Selection in step: a press or release in one list selects the same row in the other.
-    auto follow = [this](RowList *from, RowList *to, bool onlyWhenVisible) {
-        if (onlyWhenVisible && !to->isVisible())
-            return;
-        to->setListIndex(from->ListIndex());
+    // The toolbar's buttons by key, as a press on them would do; a page key on the page already
+    // shown leaves it shown.
+    const std::pair<QKeySequence, QString> keys[] = {
+        {QKeySequence(Qt::CTRL | Qt::Key_O), QStringLiteral("Open")},
+        {QKeySequence(Qt::CTRL | Qt::Key_S), QStringLiteral("Save")},
+        {QKeySequence(Qt::CTRL | Qt::Key_N), QStringLiteral("Clear")},
     };
-    connect(cl2, &RowList::MouseDown, this, [=, this] { follow(cl2, CL4, true); });
-    connect(cl2, &RowList::MouseUp, this, [=, this] { follow(cl2, CL4, true); });
-    connect(CL4, &RowList::MouseDown, this, [=, this] { follow(CL4, cl2, false); });
-    connect(CL4, &RowList::MouseUp, this, [=, this] { follow(CL4, cl2, false); });
-    // Scrolled in step as well: a visual time and its audio partner always share a line.
-    connect(cl2, &RowList::TopIndexChange, this, [this] {
-        if (CL4->isVisible() && CL4->TopIndex() != cl2->TopIndex())
-            CL4->setTopIndex(cl2->TopIndex());
-    });
-    connect(CL4, &RowList::TopIndexChange, this, [this] {
-        if (cl2->TopIndex() != CL4->TopIndex())
-            cl2->setTopIndex(CL4->TopIndex());
-    });
-    connect(P2, &PagePanel::Resize, this, [this] { guarded([this] { arange_data_lists(); }); });
+    for (const auto &[sequence, key] : keys) {
+        auto *shortcut = new QShortcut(sequence, this);
+        connect(shortcut, &QShortcut::activated, this, [this, key] { ClickToolbarButton(key); });
+    }
+    const std::pair<Qt::Key, Page> pageKeys[] = {
+        {Qt::Key_1, Page::Record}, {Qt::Key_2, Page::Averages}, {Qt::Key_3, Page::Groups}, {Qt::Key_4, Page::Compare}};
+    for (const auto &[digit, page] : pageKeys) {
+        auto *shortcut = new QShortcut(QKeySequence(Qt::CTRL | digit), this);
+        connect(shortcut, &QShortcut::activated, this, [this, page] { choosePage(page); });
+    }
+    auto *about = new QShortcut(QKeySequence(Qt::Key_F1), this);
+    connect(about, &QShortcut::activated, this, [this] { zrt::AboutFrm::ShowAbout(QStringLiteral(ZRT_VERSION), this); });
 }
 
-void MainFrm::buildRecordPage()
+void MainFrm::choosePage(Page page)
 {
-    P3 = new PagePanel(m_client);
-    P3->setGeometry(tw(2835), tw(1020), tw(kPageWidthCapTw), tw(kPageHeightTw));
-    P3->setBackColor(QColor(236, 240, 226));
-    P3->setPicture(ResourceImage(QStringLiteral("record_stage.png")));
-
-    IMmsg = new QLabel(P3);
-    IMmsg->setPixmap(QPixmap::fromImage(ResourceImage(QStringLiteral("start_invitation.png"))));
-    IMmsg->resize(225, 178);
-
-    command1 = new GlossButton(P3);
-    command1->setCaption(QStringLiteral("Start"));
-    command1->setGeometry(0, kRunTop, kStartWidth, kButtonHeight);
-    connect(command1, &GlossButton::Click, this, [this] { guarded([this] { command1_Click(); }); });
-    Label3 = NewLabel(P3, QStringLiteral("Average Reaction time"), QRect(0, kVerdictTop, kVerdictWidth, 0));
-    Label3->setAlignment(Qt::AlignCenter);
-    Label3->hide();
-    for (int i = 0; i < 2; ++i) {
-        GlossButton1[i] = new GlossButton(P3);
-        GlossButton1[i]->setCaption(i == 0 ? QStringLiteral("Add Result") : QStringLiteral("Cancel"));
-        GlossButton1[i]->setGeometry(0, 0, kResultButtonWidth, kButtonHeight);
-        GlossButton1[i]->hide();
-        connect(GlossButton1[i], &GlossButton::Click, this,
-                [this, i] { guarded([this, i] { GlossButton1_Click(i); }); });
-    }
-    Label2 = NewLabel(P3, QStringLiteral("Reaction Times:"), QRect(kListLeft, kRunTop, kListWidth, 18));
-    cl1 = new RowList(P3);
-    cl1->setGeometry(kListLeft, kListTop, kListWidth, tw(1710));
-    // Lines of the verdict: the mean may wrap, and the too-slow warning adds one.
-    Label3->resize(Label3->width(), Label3->fontMetrics().lineSpacing() * 3 + 4);
-    buildSettingsPanel();
-    connect(P3, &PagePanel::Resize, this, [this] { guarded([this] { P3_Resize(); }); });
+    if (pageChosen(page) && (page != Page::Record || P3->isVisible()))
+        return;
+    static const char *const keys[] = {"Record", "Averages", "Groups", "Compare"};
+    ClickToolbarButton(QString::fromLatin1(keys[static_cast<int>(page)]));
 }
 
-void MainFrm::buildSettingsPanel()
-{
-    // A compact panel in the page's lower right corner: each caption with its list beside it, the
-    // check box below. It fills the band under the stage to the page's foot, so that the longer
-    // list drops down inside it, and leaves the middle free for Start and the result.
-    pSettings = new PagePanel(P3);
-    pSettings->setBackColor(QColor(236, 240, 226));
-    Label1[0] = NewLabel(pSettings, QStringLiteral("Number of Zorvanes:"), QRect());
-    Label1[1] = NewLabel(pSettings, QStringLiteral("Number of attempts:"), QRect());
-    int captionWidth = 0;
-    for (QLabel *label : Label1) {
-        label->setWordWrap(false);
-        QFont small = label->font();
-        small.setPointSizeF(small.pointSizeF() * 0.9);
-        label->setFont(small);
-        captionWidth = std::max(captionWidth, label->fontMetrics().horizontalAdvance(label->text()) + 4);
-    }
-    const int listLeft = kSettingsMargin + captionWidth + kSettingsMargin;
-
-    dd1 = new DropPanel(pSettings);
-    dd1->setGeometry(listLeft, 0, kSettingsListWidth, 22);
-    List1 = new RowList(dd1);
-    for (int i = 1; i <= 5; ++i)
-        List1->AddItem(QString::number(i));
-    DD2 = new DropPanel(pSettings);
-    DD2->setGeometry(listLeft, kSettingsRowHeight, kSettingsListWidth, 22);
-    List2 = new RowList(DD2);
-    for (int i = 4; i <= 10; ++i)
-        List2->AddItem(QString::number(i));
-    for (auto [panel, list] : {std::pair{dd1, List1}, std::pair{DD2, List2}}) {
-        list->setBackStyle(1);
-        list->resize(panel->width(), list->ListCount() * 16 + 4);
-        panel->PlaceInBody(list);
-    }
-    for (int i = 0; i < 2; ++i)
-        Label1[i]->setGeometry(kSettingsMargin, i * kSettingsRowHeight + 3, captionWidth, 18);
-    connect(List1, &RowList::ListIndexChange, this, [this] { guarded([this] { List1_Click(); }); });
-    connect(List2, &RowList::ListIndexChange, this, [this] { guarded([this] { List2_Click(); }); });
-
-    Check4 = new Check(pSettings);
-    Check4->setCaption(QStringLiteral("Compare visual && audio"));
-    const int checkWidth = Check4->fontMetrics().horizontalAdvance(QStringLiteral("Compare visual & audio")) + 28;
-    Check4->setGeometry(kSettingsMargin, 2 * kSettingsRowHeight + 4, checkWidth, 20);
-    Check4->setValue(1);
-    Check4->setBackColor(zrt::ToOleColor(pSettings->backColor()));
-    connect(Check4, &Check::Click, this, [this] { guarded([this] { Check4_Click(); }); });
-    const int width = std::max(listLeft + kSettingsListWidth, kSettingsMargin + checkWidth) + kSettingsMargin;
-    pSettings->setGeometry(0, kSettingsTop, width, kPageHeight - kSettingsTop);
-}
-
-void MainFrm::buildAudioStage()
-{
-    // Laid over the Record page as its child: it goes and comes back with that page, so it can
-    // never stand over an analysis page.
-    P5 = new PagePanel(P3);
-    P5->setGeometry(P3->rect());
-    P5->setBackColor(QColor(236, 240, 226));
-    P5->setPictureFile(QStringLiteral(":/images/audio_stage.png")); // read when the stage first shows
-    P5->hide();
-
-    // The players take the values the window stores for them: the target as the characters; the
-    // walker at its natural size, a tenth of a second at least per frame, built after load and
-    // not playing by itself.
-    ucgif = new ucGifPlayer(P5);
-    ucgif->resize(110, 394);
-    ucgif->ReadProperties(CharacterProperties(ResourceBytes(QStringLiteral(":/gif/audio_target.gif"))));
-    connect(ucgif, &ucGifPlayer::MouseDown, this, [this] { guarded([this] { ucgif_MouseDown(); }); });
-    ucGifPlayer2 = new ucGifPlayer(P5);
-    ucGifPlayer2->ReadProperties({{QStringLiteral("GIF"), ResourceBytes(QStringLiteral(":/gif/walker.gif"))},
-                                  {QStringLiteral("Delay"), 100},
-                                  {QStringLiteral("Stretch"), 4},
-                                  {QStringLiteral("DelayLoad"), 2}});
-    ucGifPlayer2->setGeometry(P5->width(), 220, 179, 174);
-
-    IMmsg1 = new QLabel(P5);
-    SetPixmapWhenShown(IMmsg1, QStringLiteral(":/images/audio_invitation.png"));
-    IMmsg1->resize(218, 183);
-
-    cmdStartAudio = new GlossButton(P5);
-    cmdStartAudio->setCaption(QStringLiteral("Start"));
-    cmdStartAudio->setGeometry(0, kRunTop, kStartWidth, kButtonHeight);
-    connect(cmdStartAudio, &GlossButton::Click, this, [this] { guarded([this] { cmdStartAudio_Click(); }); });
-    l9 = NewLabel(P5, QString(), QRect(0, kVerdictTop, kAudioVerdictWidth, 0));
-    l9->setAlignment(Qt::AlignCenter);
-    // Four lines: the heading, both means (which may wrap) and the too-slow warning.
-    l9->resize(l9->width(), l9->fontMetrics().lineSpacing() * 4 + 4);
-    l9->hide();
-    for (int i = 0; i < 2; ++i) {
-        cmdadd[i] = new GlossButton(P5);
-        cmdadd[i]->setCaption(i == 0 ? QStringLiteral("Add Result") : QStringLiteral("Cancel"));
-        cmdadd[i]->setGeometry(0, l9->y() + l9->height() + 4, kStartWidth, kButtonHeight);
-        cmdadd[i]->hide();
-        connect(cmdadd[i], &GlossButton::Click, this, [this, i] { guarded([this, i] { cmdadd_Click(i); }); });
-    }
-    Label10 = NewLabel(P5, QStringLiteral("Reaction Times:"), QRect(kListLeft, kRunTop, kListWidth, 18));
-    cl5 = new RowList(P5);
-    cl5->setGeometry(kListLeft, kListTop, kListWidth, tw(1710));
-
-    Timer1 = new QTimer(this);
-    // The walker asks for the fastest tick; the classic desktop answered a 1 ms request about
-    // every 16 ms, and the walk is paced for that (a twenty-fifth of its width per tick).
-    Timer1->setInterval(16);
-    connect(Timer1, &QTimer::timeout, this, [this] { guarded([this] { Timer1_Timer(); }); });
-    connect(P5, &PagePanel::Resize, this, [this] { guarded([this] { P5_Resize(); }); });
-}
-
-// ---------------------------------------------------------------- resize rules
+// ---------------------------------------------------------------- resize rule
 
 void MainFrm::resizeEvent(QResizeEvent *event)
 {
@@ -425,75 +239,15 @@ void MainFrm::Form_Resize()
     const int innerHeight = m_client->height();
     Ptoolbar->setGeometry(0, 0, innerWidth, Ptoolbar->height());
     P2->setGeometry(0, Ptoolbar->height(), P2->width(), innerHeight - Ptoolbar->height());
-    {
-        PagePanel *page = P3;
-        const int top = Ptoolbar->height() + (innerHeight - page->height() - Ptoolbar->height()) / 2;
-        const int w = innerWidth - P2->width() - tw(690);
-        const int width = std::max(0, std::min(w, tw(kPageWidthCapTw)));
-        const int left = P2->width() + (innerWidth - width - P2->width()) / 2;
-        page->setGeometry(left, top, width, page->height());
-    }
-    // The audio stage covers the Record page exactly.
+    const int top = Ptoolbar->height() + (innerHeight - P3->height() - Ptoolbar->height()) / 2;
+    const int w = innerWidth - P2->width() - tw(690);
+    const int width = std::max(0, std::min(w, tw(kPageWidthCapTw)));
+    const int left = P2->width() + (innerWidth - width - P2->width()) / 2;
+    P3->setGeometry(left, top, width, P3->height());
+    // The audio stage covers the Record page exactly; the analysis pages stand where it stands.
     P5->setGeometry(P3->rect());
     for (auto *page : p4)
-        if (page)
-            page->setGeometry(P3->geometry());
-}
-
-void MainFrm::P3_Resize()
-{
-    const int inner = P3->width();
-    pSettings->move(inner - pSettings->width() - Label2->x(), pSettings->y());
-    layoutRunColumn(inner);
-    BuildCharacterRow();
-}
-
-// Start, the verdict and the two result buttons stand in the middle of the page (Add under
-// Start, Cancel beside it) while that leaves them clear of the list on the left and the settings
-// on the right; on a narrower page they keep their order, centred in the room between the two.
-void MainFrm::layoutRunColumn(int inner)
-{
-    const int roomLeft = cl1->x() + cl1->width() + kGap;
-    const int roomRight = pSettings->x() - kGap;
-    const int pairWidth = 2 * kResultButtonWidth + tw(30);
-    const int verdictWidth = std::min(kVerdictWidth, roomRight - roomLeft);
-    Label3->resize(verdictWidth, Label3->height());
-
-    int start = (inner - command1->width()) / 2;
-    int verdict = (inner - verdictWidth) / 2;
-    int add = start;
-    const bool centredFits = add >= roomLeft && add + pairWidth <= roomRight && verdict >= roomLeft &&
-                             verdict + verdictWidth <= roomRight;
-    if (!centredFits) {
-        const int middle = (roomLeft + roomRight) / 2;
-        start = middle - command1->width() / 2;
-        verdict = middle - verdictWidth / 2;
-        add = middle - pairWidth / 2;
-    }
-    command1->move(start, kRunTop);
-    Label3->move(verdict, kVerdictTop);
-    const int buttonsTop = Label3->y() + Label3->height() + 2;
-    GlossButton1[0]->move(add, buttonsTop);
-    GlossButton1[1]->move(add + kResultButtonWidth + tw(30), buttonsTop);
-}
-
-void MainFrm::placeListenBalloon() { IMmsg1->move(ucgif->x() + ucgif->width() / 2, 0); }
-
-void MainFrm::P5_Resize()
-{
-    const int width = P5->width();
-    ucgif->move((width - ucgif->width()) / 2, ucgif->y());
-    // The balloon's own flag, not whether it is on screen: the stage is hidden when it is laid out.
-    if (!IMmsg1->isHidden())
-        placeListenBalloon();
-    ucGifPlayer2->move(width, ucGifPlayer2->y());
-    cmdStartAudio->move((width - cmdStartAudio->width()) / 2, cmdStartAudio->y());
-    // The result text may not run over the list of times on the left.
-    const int room = width - 2 * (cl5->x() + cl5->width() + kGap);
-    l9->resize(std::min(kAudioVerdictWidth, std::max(kStartWidth, room)), l9->height());
-    l9->move((width - l9->width()) / 2, l9->y());
-    cmdadd[0]->move((width - cmdadd[0]->width()) / 2, cmdadd[0]->y());
-    cmdadd[1]->move(width - cmdadd[1]->width() - tw(60), cmdadd[1]->y());
+        page->setGeometry(P3->geometry());
 }
 
 bool MainFrm::eventFilter(QObject *watched, QEvent *event)
@@ -515,7 +269,7 @@ void MainFrm::paintClientGradient(QPainter &painter)
 
 // ---------------------------------------------------------------- toolbar and pages
 
-bool MainFrm::pageButton(int index) const { return ThemedToolbar1->BtnValue(index); }
+bool MainFrm::pageChosen(Page page) const { return ThemedToolbar1->BtnValue(ButtonOf(page)); }
 
 void MainFrm::ToolbarButtonClick(const QString &key)
 {
@@ -523,43 +277,56 @@ void MainFrm::ToolbarButtonClick(const QString &key)
         Open_Data();
         Refresh_Data();
     } else if (key == QLatin1String("Clear")) {
-        Reset_tags();
+        averages->Reset_tags();
         Clear_Data();
         Refresh_Data();
     } else if (key == QLatin1String("Save")) {
         Save_Data();
     } else if (key == QLatin1String("Record")) {
-        m_timers.SetTimer(TimerIdlePeek, 2500);
-        ThemedToolbar1->setBtnValue(5, true);
-        P3->show();
-        for (auto *page : p4)
-            page->hide();
-        for (int i : {7, 8, 9})
-            ThemedToolbar1->setBtnValue(i, false);
-    } else {
-        static const QStringList pages = {QStringLiteral("Averages"), QStringLiteral("Groups"),
-                                          QStringLiteral("Compare")};
-        const int page = static_cast<int>(pages.indexOf(key));
-        if (page < 0)
-            return;
-        Stop_All_Timers();
-        const int button = 7 + page;
-        if (ThemedToolbar1->BtnValue(button)) {
-            ShowAnalysisPage(page);
-            for (int i : {5, 7, 8, 9})
-                if (i != button)
-                    ThemedToolbar1->setBtnValue(i, false);
-            P3->hide();
-            for (int i = 0; i < 3; ++i)
-                p4[i]->setVisible(i == page);
-        } else {
-            // A second press on the page's own button goes back to Record, without the idle play.
-            for (auto *p : p4)
-                p->hide();
-            P3->show();
-            ThemedToolbar1->setBtnValue(5, true);
-        }
+        m_context.timers.SetTimer(TimerIdlePeek, 2500);
+        showRecordPage();
+    } else if (key == QLatin1String("Averages")) {
+        showAnalysisPage(Page::Averages);
+    } else if (key == QLatin1String("Groups")) {
+        showAnalysisPage(Page::Groups);
+    } else if (key == QLatin1String("Compare")) {
+        showAnalysisPage(Page::Compare);
     }
+}
+
+void MainFrm::showRecordPage()
+{
+    ThemedToolbar1->setBtnValue(kRecordButton, true);
+    P3->show();
+    for (auto *page : p4)
+        page->hide();
+    for (Page page : kAnalysisPages)
+        ThemedToolbar1->setBtnValue(ButtonOf(page), false);
+}
+
+void MainFrm::showAnalysisPage(Page page)
+{
+    Stop_All_Timers();
+    if (!pageChosen(page)) {
+        // A second press on the page's own button goes back to Record, without the idle play.
+        for (auto *p : p4)
+            p->hide();
+        P3->show();
+        ThemedToolbar1->setBtnValue(kRecordButton, true);
+        return;
+    }
+    if (page == Page::Averages)
+        averages->open();
+    else if (page == Page::Groups)
+        groups->open();
+    else
+        compare->open();
+    for (Page other : {Page::Record, Page::Averages, Page::Groups, Page::Compare})
+        if (other != page)
+            ThemedToolbar1->setBtnValue(ButtonOf(other), false);
+    P3->hide();
+    for (size_t i = 0; i < kAnalysisPages.size(); ++i)
+        p4[i]->setVisible(kAnalysisPages[i] == page);
 }
 
 void MainFrm::ClickToolbarButton(const QString &key)
@@ -577,56 +344,45 @@ void MainFrm::ClickToolbarButton(const QString &key)
 
 void MainFrm::Stop_All_Timers()
 {
-    if (Timer1)
-        Timer1->stop();
+    if (P5)
+        P5->stopWalk();
     for (int id : {TimerVisualPop, TimerIdlePeek, TimerAudioCue, TimerAudioIdle, TimerWalker})
-        m_timers.KillTimer(id);
-}
-
-void MainFrm::SetDataCount()
-{
-    const QString text = QStringLiteral("Data Collected: (") + QString::number(cl2->ListCount()) + ")";
-    if (Label5->text() != text) {
-        Label5->setText(text);
-        Label5_Change();
-    }
+        m_context.timers.KillTimer(id);
 }
 
 void MainFrm::Label5_Change()
 {
-    const bool enough = cl2->ListCount() > 5;
-    for (int i : {7, 8, 9})
-        ThemedToolbar1->setBtnEnabled(i, enough);
+    const bool enough = P2->count() > 5;
+    for (Page page : kAnalysisPages)
+        ThemedToolbar1->setBtnEnabled(ButtonOf(page), enough);
     for (auto *page : p4)
         page->hide();
     P3->show();
-    ThemedToolbar1->setBtnValue(5, true);
+    ThemedToolbar1->setBtnValue(kRecordButton, true);
     // The bar shows the Record page as the one chosen; a page button left down would take the
     // next press on it for a second press and go back to Record instead of opening the page.
-    for (int i : {7, 8, 9})
-        ThemedToolbar1->setBtnValue(i, false);
+    for (Page page : kAnalysisPages)
+        ThemedToolbar1->setBtnValue(ButtonOf(page), false);
 }
 
 void MainFrm::Refresh_Data()
 {
-    if (pageButton(7)) {
-        Reset_tags();
-        RefreshAveragesPage();
-    }
-    if (pageButton(8))
-        RefreshGroupsPage();
+    if (pageChosen(Page::Averages))
+        averages->refresh();
+    if (pageChosen(Page::Groups))
+        groups->refresh();
 }
 
 void MainFrm::TestTimerProc(int timerId)
 {
     // Every test timer is one-shot: the one that fired is killed before anything else.
-    m_timers.KillTimer(timerId);
+    m_context.timers.KillTimer(timerId);
     switch (timerId) {
-    case TimerVisualPop: VisualPop(); break;
-    case TimerIdlePeek: IdlePeek(); break;
-    case TimerAudioCue: AudioCue(); break;
-    case TimerAudioIdle: AudioIdle(); break;
-    case TimerWalker: Timer1->start(); break;
+    case TimerVisualPop: P3->VisualPop(); break;
+    case TimerIdlePeek: P3->IdlePeek(); break;
+    case TimerAudioCue: P5->AudioCue(); break;
+    case TimerAudioIdle: P5->AudioIdle(); break;
+    case TimerWalker: P5->Timer1->start(); break;
     default: break;
     }
 }
@@ -634,17 +390,62 @@ void MainFrm::TestTimerProc(int timerId)
 void MainFrm::closeEvent(QCloseEvent *event)
 {
     // Closing asks nothing: unsaved data are lost without a word.
-    for (int id : {TimerVisualPop, TimerIdlePeek, TimerAudioIdle, TimerWalker, TimerAudioCue})
-        m_timers.KillTimer(id);
-    Timer1->stop();
+    Stop_All_Timers();
     SoundBas::SoundPlayer::instance().StopSound();
     event->accept();
 }
 
-void MainFrm::pump() { QCoreApplication::processEvents(); }
+// ---------------------------------------------------------------- files and the collected data
 
-void MainFrm::sleepFor(int ms)
+zrt::DataFilePlaces MainFrm::dataFilePlaces() const { return {MainMod1::SettingsFile, MainMod1::ProgramFolder}; }
+
+void MainFrm::Save_Data()
 {
-    pump();
-    m_sleep(ms);
+    const zrt::RtdSettings settings{P3->dd1->Title().toStdString(), P3->DD2->Title().toStdString(), P3->paired()};
+    if (zrt::SaveData(this, P2->collected(), settings, dataFilePlaces(), &PageContext::pump))
+        P2->DataSaved = true;
+}
+
+void MainFrm::Open_Data()
+{
+    const std::optional<zrt::OpenedFile> opened =
+        zrt::OpenData(this, P2->count() > 0 && !P2->DataSaved, P3->List1->ListCount(), P3->List2->ListCount(),
+                      dataFilePlaces(), &PageContext::pump);
+    if (opened)
+        showOpenedFile(*opened);
+}
+
+void MainFrm::openFile(const QString &path)
+{
+    guarded([this, &path] {
+        const std::optional<zrt::OpenedFile> opened =
+            zrt::ReadDataFile(this, path, P3->List1->ListCount(), P3->List2->ListCount());
+        if (!opened)
+            return;
+        showOpenedFile(*opened);
+        Refresh_Data();
+    });
+}
+
+void MainFrm::showOpenedFile(const zrt::OpenedFile &opened)
+{
+    const zrt::RtdContent &content = opened.content;
+    P2->Clear();
+    P3->Check4->setValue(content.paired() ? 1 : 0);
+    if (content.vanesListIndex)
+        P3->List1->setListIndex(*content.vanesListIndex);
+    if (content.attemptsListIndex)
+        P3->List2->setListIndex(*content.attemptsListIndex);
+    P2->showOpened(content);
+    zrt::RememberOpenedFolder(this, opened.path, dataFilePlaces());
+    P2->DataSaved = true;
+    P3->Settings_Enabled(false);
+    P2->SetDataCount();
+}
+
+void MainFrm::Clear_Data()
+{
+    P2->Clear();
+    P3->resetSettings();
+    analysis.results.SampleSize = 0;
 }

@@ -1,58 +1,33 @@
 #pragma once
-// The one document window: the toolbar strip, the left column of collected data, the Record
-// page with its stage and the audio stage laid over it, and the three analysis pages. Its
-// routines live in the folder of the subsystem they belong to: the tests in reaction/, the
-// data lists here, the files in files/, the analysis in stats/ and charts/.
+// The one document window, a shell: the toolbar strip, the column of collected data and the four
+// pages it switches between (Record, with the audio stage on it, Averages, Groups and Compare),
+// the frame's resize rule, the test timers and the file flows. Each page is a class of its own
+// in app/pages that owns its controls and tells the window what happened by signals.
 
-#include "app/AnalysisPages.h"
-#include "app/RandomSource.h"
-#include "app/TimerService.h"
-#include "charts/BoxPlots.h"
+#include "app/pages/AudioStage.h"
+#include "app/pages/AveragesPage.h"
+#include "app/pages/ComparePage.h"
+#include "app/pages/DataColumn.h"
+#include "app/pages/GroupsPage.h"
+#include "app/pages/PageContext.h"
+#include "app/pages/RecordPage.h"
+#include "files/DataFiles.h"
 #include "stats/AnalysisState.h"
 
 #include <QMainWindow>
-#include <QPointer>
 #include <QString>
-#include <QTimer>
-#include <QVariantMap>
 
 #include <array>
-#include <cstdint>
 #include <functional>
-#include <vector>
 
-class QLabel;
 class PagePanel;
 namespace zrt {
-class GlossButton;
-class RowList;
-class Check;
-class DropPanel;
-class ShapedTabs;
 class ThemedToolbar;
-class ucGifPlayer;
-class ucTableView;
 } // namespace zrt
-using zrt::Check;
-using zrt::DropPanel;
-using zrt::GlossButton;
-using zrt::RowList;
-using zrt::ShapedTabs;
 using zrt::ThemedToolbar;
-using zrt::ucGifPlayer;
-using zrt::ucTableView;
 
-// Window timers of the tests; TestTimerProc kills the one that fired, so each is one-shot.
-enum TestTimer : int {
-    TimerVisualPop = 20482,
-    TimerIdlePeek = 20483,
-    TimerAudioCue = 20484,
-    TimerAudioIdle = 20485,
-    TimerWalker = 20486,
-};
-
-// Twips to pixels at the 96 dpi the layout was made for.
-constexpr int tw(int twips) { return twips / 15; }
+// The pages the toolbar chooses between.
+enum class Page { Record, Averages, Groups, Compare };
 
 class MainFrm : public QMainWindow {
     Q_OBJECT
@@ -61,122 +36,45 @@ public:
     explicit MainFrm(QWidget *parent = nullptr, bool manualTimers = false);
     ~MainFrm() override;
 
-    // ---- Session state of the window ----
-    std::vector<float> VisualTimes{0.0f}; // indexed from 1; [0] unused
-    std::vector<float> AudioTimes{0.0f};
-    float VisualAverage = 0.0f;
-    float AudioAverage = 0.0f;
-    bool DataSaved = false;
-    int WalkStepCount = 0;
-    int WalkFrameCount = 0;
-    bool WalkReturning = false;
-    bool WalkerBusy = false;
-    short AttemptCount = 0;
-    std::int32_t RunStopwatch = 0;
     zrt::AnalysisState analysis; // AnalysisData, GroupedData and the module-wide results
-    zrt::CollectedLists collectedLists() const;
 
     // Injected chance and timers; tests script the one and fire the other by hand.
-    RandomSource &chance() { return m_chance; }
-    TimerService &timers() { return m_timers; }
+    RandomSource &chance() { return m_context.chance; }
+    TimerService &timers() { return m_context.timers; }
     // The blocking pause of the walker's show; tests replace it.
-    void setSleep(std::function<void(int ms)> sleep) { m_sleep = std::move(sleep); }
+    void setSleep(std::function<void(int ms)> sleep) { m_context.sleep = std::move(sleep); }
     // Whether the machine can play sound; tests give their own answer.
-    void setAudioOutputCheck(std::function<bool()> check) { m_hasAudioOutput = std::move(check); }
-    bool hasAudioOutput() const { return m_hasAudioOutput(); }
+    void setAudioOutputCheck(std::function<bool()> check) { m_context.hasAudioOutput = std::move(check); }
+    bool hasAudioOutput() const { return m_context.hasAudioOutput(); }
 
-    // ---- Controls, by their names on the window ----
+    // ---- The strip, the column and the pages, by their names on the window ----
     PagePanel *Ptoolbar = nullptr;
     ThemedToolbar *ThemedToolbar1 = nullptr;
-    PagePanel *P2 = nullptr, *P3 = nullptr, *P5 = nullptr, *piclbl = nullptr, *pSettings = nullptr;
-    std::array<PagePanel *, 3> p4{};
-    QLabel *Label4 = nullptr, *Label5 = nullptr, *Label2 = nullptr, *Label3 = nullptr;
-    QLabel *Label10 = nullptr, *l9 = nullptr, *IMmsg = nullptr, *IMmsg1 = nullptr;
-    std::array<QLabel *, 2> Label1{};
-    GlossButton *cmdRemove = nullptr, *command1 = nullptr, *cmdStartAudio = nullptr;
-    std::array<GlossButton *, 2> GlossButton1{}, cmdadd{};
-    RowList *cl1 = nullptr, *cl2 = nullptr, *CL4 = nullptr, *cl5 = nullptr, *List1 = nullptr, *List2 = nullptr;
-    std::array<Check *, 2> Check5{};
-    Check *Check4 = nullptr;
-    DropPanel *dd1 = nullptr, *DD2 = nullptr;
-    std::vector<ucGifPlayer *> ucGifPlayer1;
-    ucGifPlayer *ucgif = nullptr, *ucGifPlayer2 = nullptr;
-    QTimer *Timer1 = nullptr;
+    DataColumn *P2 = nullptr;
+    RecordPage *P3 = nullptr;
+    AudioStage *P5 = nullptr; // on the Record page
+    AveragesPage *averages = nullptr;
+    GroupsPage *groups = nullptr;
+    ComparePage *compare = nullptr;
+    std::array<PagePanel *, 3> p4{}; // the three analysis pages
 
     // ---- Toolbar and pages ----
     void ToolbarButtonClick(const QString &key);
     void ClickToolbarButton(const QString &key); // a press on the bar's button of that key
+    bool pageChosen(Page page) const;
+    // The page's key (Ctrl+1..4): as a press on its button, unless the page is shown already.
+    void choosePage(Page page);
     void Stop_All_Timers();
     void Label5_Change();
     void Refresh_Data();
-    void Reset_tags();
     void TestTimerProc(int timerId);
-    bool pageButton(int index) const;
-    void ShowAnalysisPage(int page);
-    void RefreshAveragesPage();
-    void RefreshGroupsPage();
 
-    // ---- Analysis pages ----
-    AveragesPage averages;
-    GroupsPage groups;
-    ComparePage compare;
-    zrt::BoxSummary VisualSummary, AudioSummary; // filled by the comparison charts
-    void Get_Averages();
-    void Get_Grouped_Data();
-    void Get_Compare_Data();
-    void cl3_Click();
-    void Tab1_Click(int index);
-    void Tab2_Click(int index);
-    void ShapedTabs1_Click(int index);
-    void cmdSR_Click();
-    void pFR0_MouseDown(double x, double y);
-    void ShowOutliersHelp();
-    void ShowSummaryDetails(int index);
-    // The charts, each painted wholly on its surface.
-    void DrawBoxPlot();
-    void DrawStemLeaf();
-    void DrawTally();
-    void DrawEstimatedMean();
-    void DrawCFTable();
-    void DrawCFPlot();
-    void DrawScatterGraph();
-    void DrawCompareBoxPlots();
-    void DrawCorrelationScale();
-
-    // ---- Data files ----
+    // ---- Data files and the collected data ----
     void Open_Data();
     void Save_Data();
-
-    // ---- Collected data (the left column) ----
-    void GlossButton1_Click(int index);
-    void cmdadd_Click(int index);
-    void cmdRemove_Click();
-    void arange_data_lists();
+    // A file given on the command line: opened as Open opens the chosen file.
+    void openFile(const QString &path);
     void Clear_Data();
-    void Clear_Displayed_Data();
-    void Check4_Click();
-    void Check5_Click(int index);
-    void SetDataCount();
-
-    // ---- Visual test ----
-    void List1_Click();
-    void List2_Click();
-    void command1_Click();
-    void StartVisualDelay();
-    void VisualPop();
-    void IdlePeek();
-    void ucGifPlayer1_MouseDown(int index);
-    void Settings_Enabled(bool enabled);
-    int AttemptsWanted() const;   // the number in DD2's title
-
-    // ---- Audio test ----
-    void cmdStartAudio_Click();
-    void TellNoSoundOutput();
-    void StartAudioDelay();
-    void AudioCue();
-    void AudioIdle();
-    void ucgif_MouseDown();
-    void Timer1_Timer();
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
@@ -187,49 +85,18 @@ private:
     void Form_Load();
     void nameControls();
     void buildToolbarStrip();
-    void buildLeftColumn();
-    void buildRecordPage();
-    void buildSettingsPanel();
-    void buildAudioStage();
-    void buildAnalysisPages();
-    void buildAveragesPage();
-    void buildGroupsPage();
-    void buildComparePage();
-    void layoutAnalysisPage(int index);
-    void layoutRankTab();
-    void showTabFrame(int page, int tab);
-    void SwapCaption(GlossButton *button, const QString &first, const QString &second);
-    GlossButton *newButton(QWidget *parent, const QString &caption, const QRect &geometry,
-                           std::function<void()> onClick);
-    ShapedTabs *newTabs(QWidget *page, const QStringList &captions, std::function<void(int)> onClick);
     void buildToolbar();
+    void buildShortcuts();
+    void buildPages();
+    void showOpenedFile(const zrt::OpenedFile &opened);
     void Form_Resize();
-    void P3_Resize();
-    void layoutRunColumn(int inner);
-    void placeListenBalloon();
-    void P5_Resize();
-    void BuildCharacterRow();
-    ucGifPlayer *newCharacter(const QByteArray &gif);
+    void showRecordPage();
+    void showAnalysisPage(Page page);
     void paintClientGradient(QPainter &painter);
-    void walkerFrameStep();
-    void walkerShow();
-    void pump();
-    void sleepFor(int ms);
-
+    zrt::DataFilePlaces dataFilePlaces() const;
     // Runs a handler; a run-time failure ends it with its message and the program goes on.
     void guarded(const std::function<void()> &handler);
 
     QWidget *m_client = nullptr;
-    RandomSource m_chance;
-    TimerService m_timers;
-    std::function<void(int)> m_sleep;
-    std::function<bool()> m_hasAudioOutput;
-    QByteArray m_character1, m_character2;
+    PageContext m_context;
 };
-
-// What the window stores for a character player: its picture, scaled down only, built after load.
-QVariantMap CharacterProperties(const QByteArray &gif);
-
-// The free text every control carries.
-QString Tag(const QObject *control);
-void SetTag(QObject *control, const QString &tag);

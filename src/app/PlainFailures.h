@@ -27,8 +27,8 @@ inline void ExplainListFailure(RunTimeError &e, const CollectedLists &lists, Ana
 {
     if (!e.plain().empty())
         return;
-    const size_t visual = lists.cl2.size();
-    const size_t audio = lists.CL4.size();
+    const size_t visual = lists.visual.size();
+    const size_t audio = lists.audio.size();
     switch (e.number()) {
     case ErrTypeMismatch: e.explain(NotANumberSentence); break;
     case ErrSubscript:

@@ -14,6 +14,7 @@
 #include <QSocketNotifier>
 #include <QWidget>
 
+#include <algorithm>
 #include <cstdio>
 #ifdef Q_OS_UNIX
 #include <unistd.h>
@@ -131,11 +132,18 @@ QString TestProbe::answer(const QString &line)
         return modal ? QStringLiteral("ok ") + Rect(modal) + QStringLiteral(" ") + Line(modal->windowTitle())
                      : QStringLiteral("ok none");
     }
+    if (verb == QLatin1String("focus")) {
+        // The named control that has the keyboard focus (or holds the focused part).
+        for (QWidget *w = QApplication::focusWidget(); w; w = w->parentWidget())
+            if (!w->objectName().isEmpty())
+                return QStringLiteral("ok ") + w->objectName();
+        return QStringLiteral("ok none");
+    }
     if (verb == QLatin1String("state")) {
         return QStringLiteral("ok attempts=%1 saved=%2 walker=%3")
-            .arg(m_window->AttemptCount)
-            .arg(m_window->DataSaved ? 1 : 0)
-            .arg(m_window->WalkerBusy ? 1 : 0);
+            .arg(m_window->P3->run.attemptCount())
+            .arg(m_window->P2->DataSaved ? 1 : 0)
+            .arg(m_window->P5->WalkerBusy ? 1 : 0);
     }
     if (words.size() != 2)
         return QStringLiteral("error usage");
@@ -158,8 +166,17 @@ QString TestProbe::answer(const QString &line)
         }
         return QStringLiteral("ok ") + kids.join(QLatin1Char(';'));
     }
-    if (verb == QLatin1String("tag"))
-        return QStringLiteral("ok ") + Tag(w);
+    if (verb == QLatin1String("risen")) {
+        // Whether a character has risen for a press, or the audio target's cue sounds.
+        if (w == m_window->P5->ucgif)
+            return QStringLiteral("ok %1").arg(m_window->P5->cueSounding() ? 1 : 0);
+        const auto &row = m_window->P3->ucGifPlayer1;
+        const auto found = std::find(row.begin(), row.end(), w);
+        if (found == row.end())
+            return QStringLiteral("error not a character");
+        const int index = static_cast<int>(found - row.begin());
+        return QStringLiteral("ok %1").arg(m_window->P3->characterState(index) == RecordPage::CharacterState::Risen ? 1 : 0);
+    }
     if (verb == QLatin1String("top")) {
         auto *list = qobject_cast<zrt::RowList *>(w);
         return list ? QStringLiteral("ok %1").arg(list->TopIndex()) : QStringLiteral("error not a list");

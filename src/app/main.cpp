@@ -31,5 +31,13 @@ int main(int argc, char *argv[])
     if (qEnvironmentVariableIsSet("ZRT_EXIT_AFTER_FIRST_PAINT"))
         window.centralWidget()->installEventFilter(&quitter);
     window.show();
+    // A file given on the command line (a double-click on a .rtd file) opens as Open would.
+    const QStringList arguments = QApplication::arguments();
+    for (qsizetype i = 1; i < arguments.size(); ++i) {
+        if (!arguments[i].startsWith(QLatin1Char('-'))) {
+            window.openFile(arguments[i]);
+            break;
+        }
+    }
     return app.exec();
 }

@@ -30,7 +30,7 @@ inline constexpr const char *TooWideSentence =
 
 // Draws on pBox. sorted: AnalysisData after Get_Averages. Reads LowestValue, RangeValue,
 // MedianValue, LowerQuartile, UpperQuartile and both outlier limits of r. precisionIndex is
-// cl3.ListIndex (0, 1, 2); showBox is true while cmdBP reads "Hide Box Plot".
+// 0, 1 or 2 (hundredths to ten-thousandths); showBox: the box plot is shown.
 // Throws RunTimeError when the range is 0 (no leading figure to round to) or the surface is
 // too small for a tick step.
 void DrawBoxPlot(PictureBox &pBox, const std::vector<int> &sorted, const AnalysisResults &r, int precisionIndex,

@@ -79,19 +79,7 @@ int PixelSizeForCell(int cellHeight)
 void PaintText(PictureBox &device, int x, int y, const QString &text, const QFont &font, const QColor &colour,
                int escapement)
 {
-    QPainter &painter = device.Painter();
-    painter.setFont(font);
-    painter.setPen(colour);
-    if (escapement != 0) {
-        painter.save();
-        painter.translate(x, y);
-        painter.rotate(-escapement / 10.0); // tenths of a degree, anticlockwise
-        painter.drawText(QRect(0, 0, 32767, 32767), TextFlags | Qt::TextShowMnemonic, text);
-        painter.restore();
-    } else {
-        painter.drawText(QRect(x, y, 32767, 32767), TextFlags | Qt::TextShowMnemonic, text);
-    }
-    device.DoneWithPainter();
+    device.DrawText(x, y, text, font, colour, escapement, TextFlags | Qt::TextShowMnemonic);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include <algorithm>
 #include <vector>
 
 namespace zrt {
@@ -75,6 +76,25 @@ public:
             painter.fillRect(s.left, s.y, s.right - s.left + 1, 1, brush);
     }
 
+    // The spans as rectangles: the same span on consecutive rows becomes one rectangle.
+    std::vector<QRect> rectangles() const
+    {
+        std::vector<Span> spans = m_spans;
+        std::sort(spans.begin(), spans.end(), [](const Span &a, const Span &b) {
+            return a.left != b.left ? a.left < b.left : a.right != b.right ? a.right < b.right : a.y < b.y;
+        });
+        std::vector<QRect> out;
+        for (size_t i = 0; i < spans.size();) {
+            size_t j = i + 1;
+            while (j < spans.size() && spans[j].left == spans[i].left && spans[j].right == spans[i].right &&
+                   spans[j].y == spans[j - 1].y + 1)
+                ++j;
+            out.emplace_back(QPoint(spans[i].left, spans[i].y), QPoint(spans[i].right, spans[j - 1].y));
+            i = j;
+        }
+        return out;
+    }
+
 private:
     QRgb pixel(int x, int y) const { return reinterpret_cast<const QRgb *>(m_image.constScanLine(y))[x]; }
     void mark(int x, int y)
@@ -103,7 +123,8 @@ private:
 
 } // namespace
 
-bool FloodFill(QImage &image, int x, int y, QRgb colour, FloodKind kind, const QBrush &brush)
+bool FloodFill(QImage &image, int x, int y, QRgb colour, FloodKind kind, const QBrush &brush,
+               std::vector<QRect> *filled)
 {
     if (image.format() != QImage::Format_RGB32)
         image = image.convertToFormat(QImage::Format_RGB32);
@@ -114,6 +135,8 @@ bool FloodFill(QImage &image, int x, int y, QRgb colour, FloodKind kind, const Q
         return false;
     filler.run(x, y);
     filler.paint(brush);
+    if (filled != nullptr)
+        *filled = filler.rectangles();
     return true;
 }
 

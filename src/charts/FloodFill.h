@@ -4,7 +4,10 @@
 
 #include <QBrush>
 #include <QImage>
+#include <QRect>
 #include <QRgb>
+
+#include <vector>
 
 namespace zrt {
 
@@ -15,6 +18,9 @@ enum class FloodKind {
 
 // Returns false, painting nothing, when the seed is off the image or (Border) on the border
 // colour. A solid brush is written straight into the pixels; other brushes paint the spans.
-bool FloodFill(QImage &image, int x, int y, QRgb colour, FloodKind kind, const QBrush &brush);
+// With filled given, it receives the pixels filled as rectangles (rows of the same span
+// joined), so the fill can be painted again on another device.
+bool FloodFill(QImage &image, int x, int y, QRgb colour, FloodKind kind, const QBrush &brush,
+               std::vector<QRect> *filled = nullptr);
 
 } // namespace zrt

@@ -4,6 +4,7 @@
 #include "common/RunTimeError.h"
 
 #include <QMouseEvent>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPen>
 
@@ -41,6 +42,7 @@ void PictureBox::Cls()
     fitCanvas();
     m_image.fill(TranslateColor(m_backColor));
     m_current = QPoint(0, 0);
+    m_steps.clear();
     m_marks.clear();
     m_labelInks.clear();
     update();
@@ -142,12 +144,15 @@ void PictureBox::LineTo(int x, int y)
         const int half = m_drawWidth / 2;
         RecordMark(QRect(m_current, QPoint(x, y)).normalized().adjusted(-half, -half, half, half));
     }
-    QPainter &painter = Painter();
-    painter.setPen(currentPen());
-    if (m_current == QPoint(x, y))
-        painter.drawPoint(m_current);
-    else
-        painter.drawLine(m_current, QPoint(x, y));
+    auto step = [pen = currentPen(), from = m_current, to = QPoint(x, y)](QPainter &painter) {
+        painter.setPen(pen);
+        if (from == to)
+            painter.drawPoint(from);
+        else
+            painter.drawLine(from, to);
+    };
+    step(Painter());
+    m_steps.push_back(std::move(step));
     m_current = QPoint(x, y);
     DoneWithPainter();
 }
@@ -159,13 +164,17 @@ void PictureBox::Ellipse(int left, int top, int right, int bottom)
         return;
     const int half = m_drawWidth / 2;
     RecordMark(QRect(QPoint(left, top), QPoint(right - 1, bottom - 1)).adjusted(-half, -half, half, half));
-    QPainter &painter = Painter();
-    painter.setPen(currentPen());
-    painter.setBrush(currentBrush());
     // An aliased one-pixel outline of a w x h rectangle covers w + 1 pixels: the box's right
     // and bottom edges stay outside.
-    painter.drawEllipse(QRect(left, top, right - left - 1, bottom - top - 1));
-    painter.setBrush(Qt::NoBrush);
+    auto step = [pen = currentPen(), brush = currentBrush(),
+                 box = QRect(left, top, right - left - 1, bottom - top - 1)](QPainter &painter) {
+        painter.setPen(pen);
+        painter.setBrush(brush);
+        painter.drawEllipse(box);
+        painter.setBrush(Qt::NoBrush);
+    };
+    step(Painter());
+    m_steps.push_back(std::move(step));
     DoneWithPainter();
 }
 
@@ -179,7 +188,61 @@ bool PictureBox::ExtFloodFill(int x, int y, OleColor colour, int fillType)
     // other brush paints its spans with a painter of its own.
     if (brush.style() != Qt::SolidPattern)
         EndPainting();
-    return FloodFill(m_image, x, y, TranslateColor(colour).rgb(), kind, brush);
+    std::vector<QRect> filled;
+    if (!FloodFill(m_image, x, y, TranslateColor(colour).rgb(), kind, brush, &filled))
+        return false;
+    // Painted again, the fill covers the pixels it covered here, not what another device's
+    // borders would enclose.
+    m_steps.push_back([brush, filled = std::move(filled)](QPainter &painter) {
+        for (const QRect &r : filled)
+            painter.fillRect(r, brush);
+    });
+    return true;
+}
+
+void PictureBox::DrawText(int x, int y, const QString &text, const QFont &font, const QColor &colour,
+                          int escapement, int flags)
+{
+    auto step = [=](QPainter &painter) {
+        painter.setPen(colour);
+        const bool raster = painter.paintEngine() != nullptr && painter.paintEngine()->type() == QPaintEngine::Raster;
+        QFont shown = font;
+        const int stretch = font.stretch();
+        if (!raster) {
+            // Another device writes the font down by its values: the lightest weight a font file
+            // has is 100 (a chart's weight 1 shows as regular on the screen), and text there has
+            // no stretch of its own, so the painter widens the letters instead.
+            shown.setWeight(static_cast<QFont::Weight>(std::max(100, static_cast<int>(font.weight()))));
+            shown.setStretch(100);
+        }
+        const bool widen = !raster && stretch != 0 && stretch != 100;
+        painter.setFont(shown);
+        if (escapement == 0 && !widen) {
+            painter.drawText(QRect(x, y, 32767, 32767), flags, text);
+            return;
+        }
+        painter.save();
+        painter.translate(x, y);
+        painter.rotate(-escapement / 10.0);
+        if (widen)
+            painter.scale(stretch / 100.0, 1.0);
+        painter.drawText(QRect(0, 0, 32767, 32767), flags, text);
+        painter.restore();
+    };
+    step(Painter());
+    m_steps.push_back(std::move(step));
+    DoneWithPainter();
+}
+
+void PictureBox::Replay(QPainter &painter) const
+{
+    const QSize client = ClientSize();
+    painter.save();
+    painter.setClipRect(QRect(QPoint(0, 0), client), Qt::IntersectClip);
+    painter.fillRect(QRect(QPoint(0, 0), client), TranslateColor(m_backColor));
+    for (const auto &step : m_steps)
+        step(painter);
+    painter.restore();
 }
 
 QFont PictureBox::SelectFont(const QFont &font)

@@ -23,6 +23,7 @@
 #include <QString>
 #include <QWidget>
 
+#include <functional>
 #include <vector>
 
 namespace zrt {
@@ -105,6 +106,17 @@ public:
     const QFont &CurrentFont() const { return m_font; }
     OleColor SetTextColor(OleColor colour); // returns the previous colour
     OleColor TextColor() const { return m_textColor; }
+    // Text in the font and colour given, its top-left corner at (x, y); escapement in tenths of
+    // a degree anticlockwise; flags as QPainter::drawText takes them.
+    void DrawText(int x, int y, const QString &text, const QFont &font, const QColor &colour, int escapement,
+                  int flags);
+
+    // --- the drawing again: every device call since the last Cls is kept as a step, so that the
+    // picture on the surface can be painted once more on another device (a larger image, an SVG
+    // or a PDF page) by the very calls the chart made. Replay paints the background and the
+    // steps in the surface's pixel coordinates; scale the painter for another size.
+    void Replay(QPainter &painter) const;
+    size_t ReplaySteps() const { return m_steps.size(); }
 
     // --- what the picture says in words, for screen readers: the pages fill it with the answers
     // the chart shows once they are revealed.
@@ -169,6 +181,7 @@ private:
     QPoint m_current;
     QFont m_font;
     OleColor m_textColor = 0;
+    std::vector<std::function<void(QPainter &)>> m_steps;
     bool m_recording = false;
     std::vector<QRect> m_marks;
     std::vector<QRect> m_labelInks;

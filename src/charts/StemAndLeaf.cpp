@@ -26,9 +26,9 @@ int RowHeightOf(int rows)
 int LeadingDigits(int value, size_t count) { return std::stoi(std::to_string(value).substr(0, count)); }
 
 // Times as whole hundredths, in an array sized by cl2's count.
-std::vector<int> HundredthsOf(const std::vector<std::string> &items, int cl2Count)
+std::vector<int> HundredthsOf(const std::vector<std::string> &items, int visualCount)
 {
-    std::vector<int> values(static_cast<size_t>(cl2Count), 0);
+    std::vector<int> values(static_cast<size_t>(visualCount), 0);
     const PrecisionScale hundredths = ScaleOfPrecision(0);
     for (size_t i = 0; i < items.size(); ++i) {
         const int v = ScaledItem(items[i], hundredths);
@@ -123,14 +123,14 @@ std::vector<StemRow> StemRows(std::vector<int> &values)
     return rows;
 }
 
-void DrawStemAndLeaf(PictureBox &PicSL, const std::vector<std::string> &items, int cl2Count, bool showLeaves)
+void DrawStemAndLeaf(PictureBox &PicSL, const std::vector<std::string> &items, int visualCount, bool showLeaves)
 {
     ChartFrame f(PicSL, 3, true);
-    if (cl2Count < 1) {
+    if (visualCount < 1) {
         f.Finish();
         return;
     }
-    std::vector<int> values = HundredthsOf(items, cl2Count);
+    std::vector<int> values = HundredthsOf(items, visualCount);
     const std::vector<StemRow> rows = StemRows(values);
     const int w = f.w();
     const int h = f.h();

@@ -11,10 +11,10 @@ namespace zrt {
 inline constexpr const char *StemKeyText = "Key: 7|3 = 0.73 seconds";
 
 // Draws on PicSL from the list texts, always at hundredths. items: the list under analysis
-// (cl2 when Check5(0) is 1, else CL4); cl2Count: cl2.ListCount, which sizes the array as it
-// does everywhere (0: the surface stays cleared). showLeaves is true while cmdSL reads
-// "Hide Leaves". A list longer than cl2 is a subscript failure (RunTimeError 9).
-void DrawStemAndLeaf(PictureBox &PicSL, const std::vector<std::string> &items, int cl2Count, bool showLeaves);
+// (the visual or the audio times); visualCount: the number of visual times, which sizes the
+// array as it does everywhere (0: the surface stays cleared). showLeaves: the leaves are shown.
+// A list longer than the visual one is a subscript failure (RunTimeError 9).
+void DrawStemAndLeaf(PictureBox &PicSL, const std::vector<std::string> &items, int visualCount, bool showLeaves);
 
 // The stem and leaves rows as the chart gathers them: row i is stem a + i, leaves " 3 7".
 struct StemRow {

@@ -5,6 +5,8 @@
 #include <QCursor>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QFocusEvent>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QTimer>
 
@@ -40,6 +42,7 @@ Check::Check(QWidget *parent)
     : QWidget(parent)
     , m_Probe([] { return QApplication::widgetAt(QCursor::pos()); })
 {
+    setFocusPolicy(Qt::TabFocus);
     m_Picture1 = new QLabel(this);
     m_Picture1->setObjectName(QStringLiteral("Picture1"));
     m_Picture1->setMouseTracking(true);
@@ -298,7 +301,57 @@ void Check::PaintCaption()
     painter.setFont(font());
     painter.setPen(TranslateColor(m_Enabled ? m_ForeColor : m_DisabledColor));
     // "&&" shows one ampersand, a single one marks the access letter.
+    const QRect drawn = painter.boundingRect(m_Check1->rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic,
+                                             m_Caption);
     painter.drawText(m_Check1->rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, m_Caption);
+    if (m_KeyboardFocus && hasFocus()) {
+        // A dotted frame round the caption (or round the box when there is none).
+        QPen pen(painter.pen().color(), 1, Qt::DotLine);
+        painter.setPen(pen);
+        painter.setBrush(Qt::NoBrush);
+        const QRect frame = m_Caption.isEmpty() ? m_Check1->rect() : drawn;
+        painter.drawRect(frame.adjusted(0, 0, -1, -1).intersected(m_Check1->rect().adjusted(0, 0, -1, -1)));
+    }
+}
+
+void Check::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() != Qt::Key_Space || !m_Enabled) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    if (!event->isAutoRepeat() && !m_SpaceDown) {
+        m_SpaceDown = true;
+        BoxMouseDown(1, 0, 0, 0);
+    }
+}
+
+void Check::keyReleaseEvent(QKeyEvent *event)
+{
+    if (event->key() != Qt::Key_Space || event->isAutoRepeat() || !m_SpaceDown) {
+        QWidget::keyReleaseEvent(event);
+        return;
+    }
+    m_SpaceDown = false;
+    BoxMouseUp(1, 0, 0, 0);
+    m_Timer1->stop();
+    ShowRestingImage();
+}
+
+void Check::focusInEvent(QFocusEvent *event)
+{
+    QWidget::focusInEvent(event);
+    m_KeyboardFocus = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason ||
+                      event->reason() == Qt::ShortcutFocusReason;
+    m_Check1->update();
+}
+
+void Check::focusOutEvent(QFocusEvent *event)
+{
+    QWidget::focusOutEvent(event);
+    m_KeyboardFocus = false;
+    m_SpaceDown = false;
+    m_Check1->update();
 }
 
 void Check::changeEvent(QEvent *event)

@@ -86,6 +86,11 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
+    // The space bar works the box as a press of the mouse does; a box reached by Tab shows it.
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
 
 private:
     void BuildImages();
@@ -93,6 +98,8 @@ private:
     void ShowRestingImage();
     void PaintCaption();
     void Relayout();
+    bool m_KeyboardFocus = false;
+    bool m_SpaceDown = false;
 
     static void DrawBoxFrame(QPainter &painter, Look look);
     static void DrawTick(QPainter &painter, const QColor &color);

@@ -1,30 +1,22 @@
-// Saving and opening the collected sample as a .rtd file from the main window.
+#include "files/DataFiles.h"
 
-#include "app/MainFrm.h"
-
-#include "app/MainMod1.h"
-#include "dialogs/MsgBox.h"
-#include "common/NumberText.h"
-#include "controls/Check.h"
-#include "controls/DropPanel.h"
-#include "controls/RowList.h"
 #include "common/RunTimeError.h"
+#include "dialogs/MsgBox.h"
 #include "dialogs/MsgBoxes.h"
 #include "files/REGbas1.h"
-#include "files/RtdFile.h"
 #include "files/ShowFileDialog.h"
 
-#include <QCoreApplication>
+#include <QWidget>
 
 namespace {
 
 std::string Utf8(const QString &s) { return s.toStdString(); }
 
-QString StartFolder(const char *key)
+QString StartFolder(const char *key, const zrt::DataFilePlaces &places)
 {
     const QString folder = QString::fromStdString(
-        REGbas1::ReadIniString("Settings", key, "", 255, Utf8(MainMod1::SettingsFile)));
-    return folder.isEmpty() ? MainMod1::ProgramFolder : folder;
+        REGbas1::ReadIniString("Settings", key, "", 255, Utf8(places.settingsFile)));
+    return folder.isEmpty() ? places.programFolder : folder;
 }
 
 QString Reason(const std::string &reason)
@@ -38,12 +30,12 @@ void ReportFileFailure(QWidget *owner, const QString &title, const QString &text
     zrt::msg_Box(text, vbOKOnly | vbExclamation, title, owner);
 }
 
-void ReportSettingsFailure(QWidget *owner, const zrt::FileWrite &written)
+void ReportSettingsFailure(QWidget *owner, const zrt::FileWrite &written, const QString &settingsFile)
 {
     if (written.ok)
         return;
     ReportFileFailure(owner, QStringLiteral("Settings Not Saved"),
-                      QStringLiteral("The settings file ") + MainMod1::SettingsFile +
+                      QStringLiteral("The settings file ") + settingsFile +
                           QStringLiteral(" could not be updated (") + Reason(written.reason) +
                           QStringLiteral(").\nIt is as it was; only the folder to start from next time is "
                                          "not remembered."));
@@ -65,107 +57,104 @@ QString OpenErrorSentence(const QString &path, int number)
 
 } // namespace
 
-void MainFrm::Save_Data()
+namespace zrt {
+
+bool SaveData(QWidget *owner, const CollectedLists &lists, const RtdSettings &settings, const DataFilePlaces &places,
+              const Pump &pump)
 {
-    if (cl2->ListCount() == 0) {
-        MsgBox(this, QStringLiteral("You have not collected any reaction times to save!"), vbInformation,
+    if (lists.visual.empty()) {
+        MsgBox(owner, QStringLiteral("You have not collected any reaction times to save!"), vbInformation,
                QStringLiteral("No Data"));
-        return;
+        return false;
     }
     QString path, title;
-    if (!ShowFileDialog(path, title, QString::fromLatin1(zrt::kRtdFilter), this, StartFolder("LastSavedFolder"),
-                        QString::fromLatin1(zrt::kRtdSaveTitle), true))
-        return;
+    if (!ShowFileDialog(path, title, QString::fromLatin1(kRtdFilter), owner, StartFolder("LastSavedFolder", places),
+                        QString::fromLatin1(kRtdSaveTitle), true))
+        return false;
     pump();
     // A case-sensitive test, so "x.RTD" becomes "x.RTD.rtd".
     if (!path.endsWith(QLatin1String(".rtd"), Qt::CaseSensitive))
         path += QStringLiteral(".rtd");
     // Built before anything on disk changes, so a bad list leaves an old file alone.
-    const zrt::IniDocument doc = zrt::BuildRtd(
-        collectedLists(), zrt::RtdSettings{Utf8(dd1->Title()), Utf8(DD2->Title()), Check4->Value() == 1});
+    const IniDocument doc = BuildRtd(lists, settings);
     if (REGbas1::FileExists(Utf8(path))) {
-        const int answer = MsgBox(this,
+        const int answer = MsgBox(owner,
                                   QStringLiteral("This file already exists!") + "\n" +
                                       QStringLiteral("Do you want to overwrite it?"),
                                   vbYesNo | vbQuestion, QStringLiteral("File Exist"));
         if (answer != vbYes)
-            return;
+            return false;
     }
     // The old file stays until the new one is wholly on the disk and renamed over it.
-    const zrt::FileWrite written = zrt::WriteRtdFile(Utf8(path), doc);
+    const FileWrite written = WriteRtdFile(Utf8(path), doc);
     pump();
     if (!written.ok) {
-        ReportFileFailure(this, QStringLiteral("File Not Saved"),
+        ReportFileFailure(owner, QStringLiteral("File Not Saved"),
                           QStringLiteral("The file ") + path + QStringLiteral(" could not be saved (") +
                               Reason(written.reason) +
                               QStringLiteral(").\nA file of that name is as it was before, and the collected "
                                              "data are still here: save them somewhere else."));
-        return;
+        return false;
     }
-    ReportSettingsFailure(this, REGbas1::WriteIniValue("Settings", "LastSavedFolder",
-                                                       REGbas1::GetFolderOfPath(Utf8(path)),
-                                                       Utf8(MainMod1::SettingsFile)));
-    DataSaved = true;
+    ReportSettingsFailure(owner,
+                          REGbas1::WriteIniValue("Settings", "LastSavedFolder", REGbas1::GetFolderOfPath(Utf8(path)),
+                                                 Utf8(places.settingsFile)),
+                          places.settingsFile);
+    return true;
 }
 
-void MainFrm::Open_Data()
+std::optional<OpenedFile> OpenData(QWidget *owner, bool unsavedData, int vanesItems, int attemptsItems,
+                                   const DataFilePlaces &places, const Pump &pump)
 {
-    if (cl2->ListCount() > 0 && !DataSaved) {
-        const int answer = MsgBox(this,
+    if (unsavedData) {
+        const int answer = MsgBox(owner,
                                   QStringLiteral("You have Collected Data that has not yet been saved!") + "\n" +
                                       QStringLiteral("Opening a file will remove this data") + "\n\n" +
                                       QStringLiteral("Do you wish to continue?"),
                                   vbYesNo | vbQuestion, QStringLiteral("Open a file"));
         if (answer == vbNo)
-            return;
+            return std::nullopt;
     }
     QString path, title;
-    if (!ShowFileDialog(path, title, QString::fromLatin1(zrt::kRtdFilter), this, StartFolder("LastOpenedFolder"),
-                        QString::fromLatin1(zrt::kRtdOpenTitle), false))
-        return;
+    if (!ShowFileDialog(path, title, QString::fromLatin1(kRtdFilter), owner, StartFolder("LastOpenedFolder", places),
+                        QString::fromLatin1(kRtdOpenTitle), false))
+        return std::nullopt;
     pump();
     if (!REGbas1::FileExists(Utf8(path)))
-        return;
+        return std::nullopt;
+    return ReadDataFile(owner, path, vanesItems, attemptsItems);
+}
+
+std::optional<OpenedFile> ReadDataFile(QWidget *owner, const QString &path, int vanesItems, int attemptsItems)
+{
     // Everything is read and checked first: a file that can't be read, or a bad value
     // (run-time error 381 or an overflow), ends the open with the collected data as they were.
-    zrt::IniDocument doc;
-    const zrt::FileRead file = zrt::IniDocument::read(Utf8(path), doc);
+    IniDocument doc;
+    const FileRead file = IniDocument::read(Utf8(path), doc);
     if (!file.ok()) {
-        MsgBox(this,
+        MsgBox(owner,
                QStringLiteral("The file ") + path + QStringLiteral(" can't be opened: ") + Reason(file.reason) +
                    QStringLiteral(".\nThe collected data are as they were."),
                vbExclamation, QStringLiteral("Open a file"));
-        return;
+        return std::nullopt;
     }
-    zrt::RtdContent content;
     try {
-        content = zrt::ReadRtd(doc, List1->ListCount(), List2->ListCount());
-    } catch (const zrt::RunTimeError &error) {
-        MsgBox(this,
+        return OpenedFile{ReadRtd(doc, vanesItems, attemptsItems), path};
+    } catch (const RunTimeError &error) {
+        MsgBox(owner,
                QString::fromStdString(error.message()) + QStringLiteral("\n\n") +
                    OpenErrorSentence(path, error.number()),
-               vbCritical, windowTitle());
-        return;
+               vbCritical, owner ? owner->window()->windowTitle() : QString());
+        return std::nullopt;
     }
-
-    cl2->Clear();
-    CL4->Clear();
-    Check4->setValue(content.check4() ? 1 : 0);
-    if (content.vanesListIndex)
-        List1->setListIndex(*content.vanesListIndex);
-    if (content.attemptsListIndex)
-        List2->setListIndex(*content.attemptsListIndex);
-    arange_data_lists();
-    Check5[1]->setVisible(content.sample == 1);
-    Check5[0]->setValue(1);
-    for (const std::string &item : content.lists.cl2)
-        cl2->AddItem(QString::fromStdString(item));
-    for (const std::string &item : content.lists.CL4)
-        CL4->AddItem(QString::fromStdString(item));
-    ReportSettingsFailure(this, REGbas1::WriteIniValue("Settings", "LastOpenedFolder",
-                                                       REGbas1::GetFolderOfPath(Utf8(path)),
-                                                       Utf8(MainMod1::SettingsFile)));
-    DataSaved = true;
-    Settings_Enabled(false);
-    SetDataCount();
 }
+
+void RememberOpenedFolder(QWidget *owner, const QString &path, const DataFilePlaces &places)
+{
+    ReportSettingsFailure(owner,
+                          REGbas1::WriteIniValue("Settings", "LastOpenedFolder", REGbas1::GetFolderOfPath(Utf8(path)),
+                                                 Utf8(places.settingsFile)),
+                          places.settingsFile);
+}
+
+} // namespace zrt

@@ -30,19 +30,21 @@ IniDocument BuildRtd(const CollectedLists &lists, const RtdSettings &settings)
     IniDocument doc;
     doc.set("RTDINFO", "Vanes", settings.vanesTitle);
     doc.set("RTDINFO", "Attempts", settings.attemptsTitle);
-    doc.set("RTDINFO", "DataItems", std::to_string(lists.cl2.size()));
-    doc.set("RTDINFO", "Sample", settings.check4 ? "1" : "0");
-    for (size_t i = 0; i < lists.cl2.size(); ++i) {
-        std::string value = lists.cl2[i];
-        if (settings.check4) {
-            if (i >= lists.CL4.size())
+    doc.set("RTDINFO", "DataItems", std::to_string(lists.visual.size()));
+    doc.set("RTDINFO", "Sample", settings.paired ? "1" : "0");
+    for (size_t i = 0; i < lists.visual.size(); ++i) {
+        std::string value = lists.visual[i];
+        if (settings.paired) {
+            if (i >= lists.audio.size())
                 raise(ErrInvalidPropertyIndex);
-            value += "," + lists.CL4[i];
+            value += "," + lists.audio[i];
         }
         doc.set("DATA", "Data" + std::to_string(i + 1), value);
     }
     return doc;
 }
+
+std::string NormaliseItem(std::string_view value) { return GeneralText(Val(value)); }
 
 RtdContent ReadRtd(const IniDocument &doc, int vanesItems, int attemptsItems)
 {
@@ -59,10 +61,10 @@ RtdContent ReadRtd(const IniDocument &doc, int vanesItems, int attemptsItems)
             const size_t comma = value.find(',');
             if (comma == std::string::npos)
                 continue;
-            c.lists.cl2.push_back(GeneralText(Val(value.substr(0, comma))));
-            c.lists.CL4.push_back(GeneralText(Val(value.substr(comma + 1))));
+            c.lists.visual.push_back(NormaliseItem(std::string_view(value).substr(0, comma)));
+            c.lists.audio.push_back(NormaliseItem(std::string_view(value).substr(comma + 1)));
         } else {
-            c.lists.cl2.push_back(std::move(value));
+            c.lists.visual.push_back(std::move(value));
         }
     }
     return c;

@@ -37,8 +37,8 @@ struct AnalysisState {
 
 // Item texts of the collected lists, exactly as the lists hold them.
 struct CollectedLists {
-    std::vector<std::string> cl2; // visual averages
-    std::vector<std::string> CL4; // audio averages, same index as cl2 when comparing
+    std::vector<std::string> visual; // visual averages
+    std::vector<std::string> audio;  // audio averages, same index as visual when comparing
 };
 
 } // namespace zrt

@@ -26,13 +26,13 @@ AveragesAnswer messageAnswer(const char *message)
 {
     AveragesAnswer a;
     a.outcome = AveragesAnswer::Outcome::Message;
-    a.t1 = std::string(message) + "\r\n";
+    a.dataText = std::string(message) + "\r\n";
     return a;
 }
 
 void fillTags(const AnalysisResults &r, AveragesAnswer &a)
 {
-    a.cmd1Tags = {std::to_string(r.LowestValue),
+    a.summaryAnswers = {std::to_string(r.LowestValue),
                   std::to_string(r.HighestValue),
                   std::to_string(r.RangeValue),
                   GeneralText(r.MeanValue),
@@ -41,7 +41,7 @@ void fillTags(const AnalysisResults &r, AveragesAnswer &a)
                   GeneralText(r.LowerQuartile),
                   GeneralText(r.UpperQuartile),
                   GeneralText(r.InterquartileRange)};
-    a.cmd2Tags = {GeneralText(r.LowerOutlierLimit),
+    a.spreadAnswers = {GeneralText(r.LowerOutlierLimit),
                   GeneralText(r.UpperOutlierLimit),
                   GeneralText(Maths::RoundToPlaces(r.VarianceValue, 5)),
                   GeneralText(Maths::RoundToPlaces(r.StandardDeviation, 5))};
@@ -56,7 +56,7 @@ AveragesAnswer Get_Averages(const AveragesInput &in, AnalysisState &state)
         a.outcome = AveragesAnswer::Outcome::PrecisionReset;
         return a;
     }
-    const auto &cl2 = in.lists.cl2;
+    const auto &cl2 = in.lists.visual;
     if (cl2.empty())
         return messageAnswer(kNoTimesMessage);
     if (cl2.size() < 3)
@@ -69,7 +69,7 @@ AveragesAnswer Get_Averages(const AveragesInput &in, AnalysisState &state)
     r.SampleSize = n;
 
     // The array is sized by cl2 even when CL4 is the source; the counter is 16 bits wide.
-    const auto &source = in.check5Visual == 1 ? cl2 : in.lists.CL4;
+    const auto &source = in.visualChosen == 1 ? cl2 : in.lists.audio;
     const PrecisionScale scale = ScaleOfPrecision(in.precisionIndex);
     const long long count = static_cast<long long>(source.size());
     if (count > 0)
@@ -84,7 +84,7 @@ AveragesAnswer Get_Averages(const AveragesInput &in, AnalysisState &state)
     if (count > 0)
         toInt16(count); // the counter's last step past the end
 
-    if (in.check1 == 1)
+    if (in.sorted == 1)
         Maths::BubbleSort(data);
 
     std::string shown;
@@ -95,8 +95,8 @@ AveragesAnswer Get_Averages(const AveragesInput &in, AnalysisState &state)
     }
 
     AveragesAnswer a;
-    a.t1 = shown + "\r\n";
-    if (in.check1 == 0)
+    a.dataText = shown + "\r\n";
+    if (in.sorted == 0)
         Maths::BubbleSort(data);
 
     r.SumOfValues = sum;
@@ -115,7 +115,7 @@ AveragesAnswer Get_Averages(const AveragesInput &in, AnalysisState &state)
     r.UpperOutlierLimit = Maths::UpperOutlierOf(r);
 
     fillTags(r, a);
-    a.l8 = "Sample Size (n) = " + std::to_string(n) + "\n";
+    a.sampleSizeText = "Sample Size (n) = " + std::to_string(n) + "\n";
     a.outcome = AveragesAnswer::Outcome::Analysed;
     return a;
 }

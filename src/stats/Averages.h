@@ -22,22 +22,22 @@ inline constexpr std::array<const char *, 3> kPrecisionItems = {"1/100 th", "1/1
 
 struct AveragesInput {
     const CollectedLists &lists;
-    int precisionIndex = 0; // cl3.ListIndex
-    int check1 = 0;         // show t1 sorted
-    int check5Visual = 1;   // Check5(0): 1 analyses cl2, anything else CL4
+    int precisionIndex = 0; // 0 hundredths, 1 thousandths, 2 ten-thousandths
+    int sorted = 0;         // 1: the data text lists the items sorted
+    int visualChosen = 1;   // 1 analyses the visual times, anything else the audio times
 };
 
 struct AveragesAnswer {
     enum class Outcome {
-        PrecisionReset, // cl3 had no choice: the caller selects item 0, whose click runs the analysis again
-        Message,        // too little data: tags and answer labels emptied, t1 holds the message
+        PrecisionReset, // no precision chosen: the caller chooses the first, which runs the analysis again
+        Message,        // too little data: answers emptied, the data text holds the message
         Analysed,
     };
     Outcome outcome = Outcome::Analysed;
-    std::string t1;                     // ends with CR LF
-    std::string l8;                     // "Sample Size (n) = 3\n"; empty after a reset
-    std::array<std::string, 9> cmd1Tags;
-    std::array<std::string, 4> cmd2Tags;
+    std::string dataText;               // ends with CR LF
+    std::string sampleSizeText;         // "Sample Size (n) = 3\n"; empty after a reset
+    std::array<std::string, 9> summaryAnswers; // behind the nine summary questions
+    std::array<std::string, 4> spreadAnswers;  // behind the outlier, variance and deviation questions
 };
 
 // Reads the item texts, rewrites state.AnalysisData (sorted) and state.results.

@@ -12,15 +12,15 @@ namespace zrt {
 GroupedAnswer Get_Grouped_Data(const GroupedInput &in, AnalysisState &state)
 {
     GroupedAnswer a;
-    const auto &cl2 = in.lists.cl2;
+    const auto &cl2 = in.lists.visual;
     if (cl2.empty()) {
-        a.t4 = std::string(kNoTimesMessage) + "\r\n";
+        a.dataText = std::string(kNoTimesMessage) + "\r\n";
         return a;
     }
     std::vector<int> &data = state.GroupedData;
     data.resize(cl2.size()); // contents kept
 
-    const auto &source = in.check5Visual == 1 ? cl2 : in.lists.CL4;
+    const auto &source = in.visualChosen == 1 ? cl2 : in.lists.audio;
     const PrecisionScale hundredths = ScaleOfPrecision(0);
     for (size_t i = 0; i < source.size(); ++i) {
         const int value = ScaledItem(source[i], hundredths);
@@ -28,13 +28,13 @@ GroupedAnswer Get_Grouped_Data(const GroupedInput &in, AnalysisState &state)
             raise(ErrSubscript);
         data[i] = value;
     }
-    if (in.check2 == 1)
+    if (in.sorted == 1)
         Maths::BubbleSort(data);
 
     std::string shown;
     for (int v : data)
         shown += std::to_string(v) + ", ";
-    a.t4 = shown + "\r\n";
+    a.dataText = shown + "\r\n";
     a.analysed = true;
     return a;
 }

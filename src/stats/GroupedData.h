@@ -12,13 +12,13 @@ namespace zrt {
 
 struct GroupedInput {
     const CollectedLists &lists;
-    int check2 = 0;       // show t4 sorted
-    int check5Visual = 1; // Check5(0)
+    int sorted = 0;       // 1: the data text lists the items sorted
+    int visualChosen = 1; // 1 analyses the visual times, anything else the audio times
 };
 
 struct GroupedAnswer {
     bool analysed = false; // false: only the message went to t4
-    std::string t4;        // ends with CR LF
+    std::string dataText;      // ends with CR LF
 };
 
 // Rewrites state.GroupedData; the caller then draws the tally and sets GroupedReady.

@@ -74,11 +74,11 @@ std::vector<std::array<std::string, 6>> SpearmanTable::rowTexts() const
     return rows;
 }
 
-SpearmanTable Add_SR_Data(const std::vector<int> &visual, const std::vector<int> &audio, int cl2Count,
+SpearmanTable Add_SR_Data(const std::vector<int> &visual, const std::vector<int> &audio, int visualCount,
                           AnalysisResults &results)
 {
     SpearmanTable t;
-    t.columns.assign(static_cast<size_t>(cl2Count > 0 ? cl2Count : 0), RankColumn{});
+    t.columns.assign(static_cast<size_t>(visualCount > 0 ? visualCount : 0), RankColumn{});
     for (size_t i = 0; i < visual.size(); ++i) {
         if (i >= t.columns.size())
             raise(ErrSubscript);
@@ -97,7 +97,7 @@ SpearmanTable Add_SR_Data(const std::vector<int> &visual, const std::vector<int>
         s += c[DSquared];
     }
     t.sumOfDSquared = s;
-    t.ld = GeneralText(s);
+    t.squaredDifferencesText = GeneralText(s);
 
     const double n = static_cast<double>(t.columns.size());
     const double divisor = std::pow(n, 3.0) - n;
@@ -106,29 +106,29 @@ SpearmanTable Add_SR_Data(const std::vector<int> &visual, const std::vector<int>
         raise(numerator == 0 ? ErrOverflow : ErrDivisionByZero);
     t.coefficient = static_cast<float>(1.0 - numerator / divisor);
     results.SpearmanValue = t.coefficient;
-    t.lbSR = "= " + GeneralText(Maths::RoundToPlaces(t.coefficient, 4));
+    t.coefficientText = "= " + GeneralText(Maths::RoundToPlaces(t.coefficient, 4));
     return t;
 }
 
 CompareAnswer Get_Compare_Data(const CollectedLists &lists, AnalysisState &state)
 {
     CompareAnswer a;
-    if (lists.cl2.empty()) {
-        a.text1 = std::string(kNoTimesMessage) + "\r\n";
+    if (lists.visual.empty()) {
+        a.pairsText = std::string(kNoTimesMessage) + "\r\n";
         return a;
     }
-    state.GroupedData = hundredthsOf(lists.cl2);
-    state.AnalysisData = hundredthsOf(lists.CL4);
+    state.GroupedData = hundredthsOf(lists.visual);
+    state.AnalysisData = hundredthsOf(lists.audio);
     const auto &visual = state.GroupedData;
     const auto &audio = state.AnalysisData;
 
-    a.table = Add_SR_Data(visual, audio, static_cast<int>(lists.cl2.size()), state.results);
+    a.table = Add_SR_Data(visual, audio, static_cast<int>(lists.visual.size()), state.results);
 
     std::string text;
     for (size_t i = 0; i < visual.size(); ++i)
         text += "(" + std::to_string(visual[i]) + "," + std::to_string(Maths::At(audio, static_cast<long long>(i))) +
                 "), ";
-    a.text1 = text + "\r\n";
+    a.pairsText = text + "\r\n";
     a.analysed = true;
     return a;
 }

@@ -21,19 +21,19 @@ struct SpearmanTable {
     std::vector<RankColumn> columns; // ascending by x
     float sumOfDSquared = 0;         // S
     float coefficient = 0;           // r
-    std::string ld;                  // decimal text of S
-    std::string lbSR;                // "= " and r to 4 places
+    std::string squaredDifferencesText; // decimal text of S, the sum of d squared
+    std::string coefficientText;       // "= " and r to 4 places
     // The table's rows as the list view shows them, each value in its general text form.
     std::vector<std::array<std::string, 6>> rowTexts() const;
 };
 
-// visual and audio by reference as the window passes them; cl2Count sizes the table.
-SpearmanTable Add_SR_Data(const std::vector<int> &visual, const std::vector<int> &audio, int cl2Count,
+// visual and audio by reference as the window passes them; visualCount sizes the table.
+SpearmanTable Add_SR_Data(const std::vector<int> &visual, const std::vector<int> &audio, int visualCount,
                           AnalysisResults &results);
 
 struct CompareAnswer {
-    bool analysed = false; // false: only the message went to Text1(0)
-    std::string text1;     // "(23,31), (27,35), " and CR LF
+    bool analysed = false; // false: only the message is in pairsText
+    std::string pairsText; // "(23,31), (27,35), " and CR LF
     SpearmanTable table;
 };
 

@@ -4,7 +4,7 @@
 
 #include "app/MainFrm.h"
 #include "app/MainMod1.h"
-#include "app/MsgBox.h"
+#include "dialogs/MsgBox.h"
 #include "app/PagePanel.h"
 #include "anim/ucGifPlayer.h"
 #include "controls/Check.h"
@@ -21,6 +21,13 @@
 
 #include <cstdint>
 #include <memory>
+
+using zrt::Check;
+using zrt::DropPanel;
+using zrt::GlossButton;
+using zrt::RowList;
+using zrt::ShapedTabs;
+using zrt::ucGifPlayer;
 
 namespace mainwindowtest {
 
@@ -65,9 +72,9 @@ protected:
         window->chance().script({choice});
         ASSERT_TRUE(window->timers().fire(TimerVisualPop));
         ucGifPlayer *risen = nullptr;
-        for (auto *c : window->ucGifPlayer1)
-            if (Tag(c) == "1")
-                risen = c;
+        for (size_t i = 0; i < window->P3->ucGifPlayer1.size(); ++i)
+            if (window->P3->characterState(static_cast<int>(i)) == RecordPage::CharacterState::Risen)
+                risen = window->P3->ucGifPlayer1[i];
         ASSERT_NE(risen, nullptr);
         g_counter += ms;
         QTest::mousePress(risen, Qt::LeftButton, Qt::NoModifier, QPoint(50, 200));
@@ -75,15 +82,15 @@ protected:
 
     void VisualRun(std::initializer_list<int> times)
     {
-        QTest::mouseClick(window->command1, Qt::LeftButton);
+        QTest::mouseClick(window->P3->command1, Qt::LeftButton);
         for (int ms : times)
             PopAndPress(ms);
     }
 
     void UncheckPairs()
     {
-        window->Check4->setValue(0);
-        window->Check4_Click();
+        window->P3->Check4->setValue(0);
+        window->P2->Check4_Click();
     }
 
     std::unique_ptr<MainFrm> window;

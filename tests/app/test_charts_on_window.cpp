@@ -55,10 +55,10 @@ protected:
         const char *audio[] = {"0.31", "0.35", "0.3",  "0.29", "0.4",  "0.37", "0.42", "0.33", "0.38", "0.36",
                                "0.48", "0.32", "0.34", "0.39", "0.31", "0.44", "0.35", "0.57", "0.37", "0.33"};
         for (int i = 0; i < 20; ++i) {
-            window->cl2->AddItem(visual[i]);
-            window->CL4->AddItem(audio[i]);
+            window->P2->cl2->AddItem(visual[i]);
+            window->P2->CL4->AddItem(audio[i]);
         }
-        window->SetDataCount();
+        window->P2->SetDataCount();
     }
 
     // What the screen shows of a widget: the window's backing store, as the platform holds it,
@@ -111,20 +111,20 @@ TEST_F(ChartsOnWindowTest, EveryShowButtonPutsItsChartOnTheScreenAtOnce)
 {
     Twenty();
     window->ClickToolbarButton("Averages");
-    auto &a = window->averages;
-    window->Tab1_Click(2);
+    auto &a = *window->averages;
+    window->averages->Tab1_Click(2);
     ShowAndHide(a.cmdBP, a.pBox, BoxFill, "box plot");
-    window->Tab1_Click(3);
+    window->averages->Tab1_Click(3);
     ShowAndHide(a.cmdSL, a.PicSL, Maroon, "stem and leaf");
 
     window->ClickToolbarButton("Groups");
-    auto &g = window->groups;
+    auto &g = *window->groups;
     ShowAndHide(g.cmdTally, g.ptally, Maroon, "tally");
-    window->Tab2_Click(1);
+    window->groups->Tab2_Click(1);
     ShowAndHide(g.cmdR, g.pEmean, Maroon, "estimated mean");
-    window->Tab2_Click(2);
+    window->groups->Tab2_Click(2);
     ShowAndHide(g.cmdCF, g.pCF, Maroon, "cumulative frequency");
-    window->Tab2_Click(3);
+    window->groups->Tab2_Click(3);
     ShowAndHide(g.cmdPlot, g.ppCF, Green, "CF plot");
 
     // The quartiles' reading lines appear when their box is ticked, and go with it.
@@ -137,16 +137,16 @@ TEST_F(ChartsOnWindowTest, EveryShowButtonPutsItsChartOnTheScreenAtOnce)
     ExpectHidden(g.ppCF, Green, "CF plot hidden again");
 
     window->ClickToolbarButton("Compare");
-    auto &c = window->compare;
+    auto &c = *window->compare;
     ShowAndHide(c.cmdSG, c.pFR[0], Red, "scatter graph");
-    window->ShapedTabs1_Click(1);
+    window->compare->ShapedTabs1_Click(1);
     QCoreApplication::processEvents();
     PaintCounter rank(c.pFR[1]);
     Press(c.cmdSR);
     ExpectShown(c.pFR[1], Red, rank, 0, "Spearman scale");
     Press(c.cmdSR);
     ExpectHidden(c.pFR[1], Red, "Spearman scale");
-    window->ShapedTabs1_Click(2);
+    window->compare->ShapedTabs1_Click(2);
     ShowAndHide(c.cmdBPc, c.pFR[2], BoxFill, "comparison box plots");
 }
 
@@ -156,13 +156,13 @@ TEST_F(ChartsOnWindowTest, AudioDataRedrawsTheShownTally)
 {
     Twenty();
     window->ClickToolbarButton("Groups");
-    auto &g = window->groups;
+    auto &g = *window->groups;
     Press(g.cmdTally);
     const QImage visual = g.ptally->Image();
-    QTest::mouseClick(window->Check5[1]->Check1(), Qt::LeftButton);
+    QTest::mouseClick(window->P2->Check5[1]->Check1(), Qt::LeftButton);
     QCoreApplication::processEvents();
-    ASSERT_EQ(window->Check5[1]->Value(), 1);
-    ASSERT_EQ(window->Check5[0]->Value(), 0);
+    ASSERT_EQ(window->P2->Check5[1]->Value(), 1);
+    ASSERT_EQ(window->P2->Check5[0]->Value(), 0);
     EXPECT_TRUE(g.t4->toPlainText().startsWith("31, 35,"));
     const QImage audio = g.ptally->Image();
     EXPECT_NE(audio, visual) << "the tally follows the ticked list";
@@ -177,11 +177,11 @@ TEST_F(ChartsOnWindowTest, PlotControlsCoverNoPartOfThePlot)
 {
     Twenty();
     window->ClickToolbarButton("Groups");
-    auto &g = window->groups;
-    window->Tab2_Click(3);
+    auto &g = *window->groups;
+    window->groups->Tab2_Click(3);
     Press(g.cmdPlot);
     g.Check3->setValue(1);
-    window->DrawCFPlot();
+    window->groups->DrawCFPlot();
     for (QWidget *control : {static_cast<QWidget *>(g.Check3), static_cast<QWidget *>(g.cmdPlot)}) {
         const QImage under = g.ppCF->Image().copy(control->geometry());
         EXPECT_EQ(CountColour(under, qRgb(255, 255, 255)), under.width() * under.height())
@@ -195,19 +195,19 @@ TEST_F(ChartsOnWindowTest, SpearmanFormulaIsNotCutAtTheStartSize)
     window->resize(785, 656);
     Twenty();
     window->ClickToolbarButton("Compare");
-    window->ShapedTabs1_Click(1);
+    window->compare->ShapedTabs1_Click(1);
     QCoreApplication::processEvents();
-    QLabel *formula = window->compare.pdsqr;
+    QLabel *formula = window->compare->pdsqr;
     EXPECT_GE(formula->width(), formula->sizeHint().width());
-    EXPECT_LE(formula->geometry().right(), window->compare.pFR[1]->width() - 1);
+    EXPECT_LE(formula->geometry().right(), window->compare->pFR[1]->width() - 1);
 }
 
 TEST_F(ChartsOnWindowTest, FailuresNameTheErrorAndSayWhatHappened)
 {
     // Compare on a file of visual times only.
     for (const char *v : {"0.23", "0.27", "0.31", "0.25", "0.29", "0.33"})
-        window->cl2->AddItem(v);
-    window->SetDataCount();
+        window->P2->cl2->AddItem(v);
+    window->P2->SetDataCount();
     said.clear();
     window->ClickToolbarButton("Compare");
     ASSERT_FALSE(said.empty());
@@ -218,17 +218,17 @@ TEST_F(ChartsOnWindowTest, FailuresNameTheErrorAndSayWhatHappened)
 TEST_F(ChartsOnWindowTest, EqualTimesExplainWhyThereIsNoBox)
 {
     for (int i = 0; i < 6; ++i)
-        window->cl2->AddItem("0.3");
-    window->SetDataCount();
+        window->P2->cl2->AddItem("0.3");
+    window->P2->SetDataCount();
     window->ClickToolbarButton("Averages");
     try { // the tab's scale alone already needs a range
-        window->Tab1_Click(2);
+        window->averages->Tab1_Click(2);
         ADD_FAILURE() << "no run-time error";
     } catch (const zrt::RunTimeError &e) {
         EXPECT_EQ(e.plain(), zrt::AllEqualSentence);
     }
     said.clear();
-    QTest::mouseClick(window->averages.cmdBP, Qt::LeftButton);
+    QTest::mouseClick(window->averages->cmdBP, Qt::LeftButton);
     ASSERT_FALSE(said.empty());
     EXPECT_TRUE(said.back().text.startsWith("Run-time error '5': ")) << said.back().text.toStdString();
     EXPECT_TRUE(said.back().text.contains(zrt::AllEqualSentence));
@@ -237,8 +237,8 @@ TEST_F(ChartsOnWindowTest, EqualTimesExplainWhyThereIsNoBox)
 TEST_F(ChartsOnWindowTest, AnEmptyTimeIsNamedAsSuch)
 {
     for (const char *v : {"0.23", "0.27", "", "0.25", "0.29", "0.33"})
-        window->cl2->AddItem(v);
-    window->SetDataCount();
+        window->P2->cl2->AddItem(v);
+    window->P2->SetDataCount();
     said.clear();
     window->ClickToolbarButton("Averages");
     ASSERT_FALSE(said.empty());
@@ -256,7 +256,7 @@ TEST_F(ChartsOnWindowTest, TabStripCornersShowThePageColour)
         QCoreApplication::processEvents();
     }
     const QRgb page = MainMod1::PanelColour.rgb();
-    for (ShapedTabs *tabs : {window->averages.Tab1, window->groups.Tab2, window->compare.ShapedTabs1}) {
+    for (ShapedTabs *tabs : {window->averages->Tab1, window->groups->Tab2, window->compare->ShapedTabs1}) {
         const QImage strip = tabs->grab().toImage().convertToFormat(QImage::Format_RGB32);
         const QRegion mask = tabs->mask();
         const QRgb outline = qRgb(64, 64, 0);

@@ -58,10 +58,10 @@ protected:
     void AddPairs(std::initializer_list<std::pair<const char *, const char *>> pairs)
     {
         for (auto [visual, audio] : pairs) {
-            window->cl2->AddItem(visual);
-            window->CL4->AddItem(audio);
+            window->P2->cl2->AddItem(visual);
+            window->P2->CL4->AddItem(audio);
         }
-        window->SetDataCount();
+        window->P2->SetDataCount();
     }
 
     static QByteArray Read(const QString &path)
@@ -104,7 +104,7 @@ TEST_F(DataFilesTest, SavingWritesEveryKeyAndRemembersTheFolder)
     EXPECT_EQ(Read(written), QByteArray("[RTDINFO]\r\nVanes=3\r\nAttempts=4\r\nDataItems=2\r\nSample=1\r\n"
                                         "[DATA]\r\nData1=0.42113,0.61207\r\nData2=0.38771,0.55002\r\n"));
     EXPECT_EQ(Setting("LastSavedFolder"), QDir::cleanPath(folder.path()).toStdString());
-    EXPECT_TRUE(window->DataSaved);
+    EXPECT_TRUE(window->P2->DataSaved);
 
     window->Save_Data();
     EXPECT_EQ(requests.back().initialFolder.toStdString(), Setting("LastSavedFolder"));
@@ -117,8 +117,8 @@ TEST_F(DataFilesTest, AnOverwriteNeedsYesAndNoLeavesTheOldFile)
     window->Save_Data();
     const QByteArray first = Read(chosen);
 
-    window->cl2->AddItem("0.5");
-    window->CL4->AddItem("0.6");
+    window->P2->cl2->AddItem("0.5");
+    window->P2->CL4->AddItem("0.6");
     answer = vbNo;
     window->Save_Data();
     ASSERT_FALSE(said.empty());
@@ -148,7 +148,7 @@ TEST_F(DataFilesTest, OpeningAsksAboutUnsavedDataThenLoadsAndLocks)
     EXPECT_EQ(said.back().text, "You have Collected Data that has not yet been saved!\n"
                                 "Opening a file will remove this data\n\nDo you wish to continue?");
     EXPECT_TRUE(requests.empty());
-    EXPECT_EQ(Items(window->cl2), QStringList{"0.9"});
+    EXPECT_EQ(Items(window->P2->cl2), QStringList{"0.9"});
 
     answer = vbYes;
     window->Open_Data();
@@ -156,16 +156,16 @@ TEST_F(DataFilesTest, OpeningAsksAboutUnsavedDataThenLoadsAndLocks)
     EXPECT_EQ(requests[0].dialogTitle, " Select Reation Time Data to open:");
     EXPECT_FALSE(requests[0].save);
     // A pair without a comma is dropped; values pass through a numeric parse.
-    EXPECT_EQ(Items(window->cl2), (QStringList{"0.5", "0.3"}));
-    EXPECT_EQ(Items(window->CL4), (QStringList{"0.1", "0.35"}));
-    EXPECT_EQ(window->ucGifPlayer1.size(), 5u) << "the row follows the file";
-    EXPECT_EQ(window->DD2->Title(), "7");
-    EXPECT_EQ(window->Check4->Value(), 1);
-    EXPECT_TRUE(window->Check5[1]->isVisibleTo(window.get()));
-    EXPECT_FALSE(window->pSettings->isEnabled());
-    EXPECT_EQ(window->Label5->text(), "Data Collected: (2)");
+    EXPECT_EQ(Items(window->P2->cl2), (QStringList{"0.5", "0.3"}));
+    EXPECT_EQ(Items(window->P2->CL4), (QStringList{"0.1", "0.35"}));
+    EXPECT_EQ(window->P3->ucGifPlayer1.size(), 5u) << "the row follows the file";
+    EXPECT_EQ(window->P3->DD2->Title(), "7");
+    EXPECT_EQ(window->P3->Check4->Value(), 1);
+    EXPECT_TRUE(window->P2->Check5[1]->isVisibleTo(window.get()));
+    EXPECT_FALSE(window->P3->pSettings->isEnabled());
+    EXPECT_EQ(window->P2->Label5->text(), "Data Collected: (2)");
     EXPECT_EQ(Setting("LastOpenedFolder"), QDir::cleanPath(folder.path()).toStdString());
-    EXPECT_TRUE(window->DataSaved);
+    EXPECT_TRUE(window->P2->DataSaved);
 }
 
 TEST_F(DataFilesTest, ABadFileReportsItsErrorAndKeepsTheData)
@@ -175,7 +175,7 @@ TEST_F(DataFilesTest, ABadFileReportsItsErrorAndKeepsTheData)
     file.write("[RTDINFO]\r\nVanes=9\r\nAttempts=4\r\nDataItems=1\r\nSample=0\r\n[DATA]\r\nData1=0.3\r\n");
     file.close();
     AddPairs({{"0.25", "0.35"}});
-    window->DataSaved = true;
+    window->P2->DataSaved = true;
     chosen = file.fileName();
     window->ClickToolbarButton("Open");
     ASSERT_FALSE(said.empty());
@@ -185,9 +185,9 @@ TEST_F(DataFilesTest, ABadFileReportsItsErrorAndKeepsTheData)
     EXPECT_EQ(lines[2], "The file " + file.fileName() +
                             " was not opened. It asks for a number of characters or attempts that the program "
                             "does not offer. The collected data are as they were.");
-    EXPECT_EQ(Items(window->cl2), QStringList{"0.25"});
-    EXPECT_EQ(Items(window->CL4), QStringList{"0.35"});
-    EXPECT_EQ(window->ucGifPlayer1.size(), 3u);
+    EXPECT_EQ(Items(window->P2->cl2), QStringList{"0.25"});
+    EXPECT_EQ(Items(window->P2->CL4), QStringList{"0.35"});
+    EXPECT_EQ(window->P3->ucGifPlayer1.size(), 3u);
 
     ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
     file.write("[RTDINFO]\r\nDataItems=40000\r\n");
@@ -196,7 +196,7 @@ TEST_F(DataFilesTest, ABadFileReportsItsErrorAndKeepsTheData)
     EXPECT_TRUE(said.back().text.startsWith("Run-time error '6': Overflow\n\nThe file " + file.fileName() +
                                             " was not opened. It gives more data items"))
         << said.back().text.toStdString();
-    EXPECT_EQ(Items(window->cl2), QStringList{"0.25"});
+    EXPECT_EQ(Items(window->P2->cl2), QStringList{"0.25"});
 }
 
 TEST_F(DataFilesTest, AFileTooLargeOrNoOrdinaryFileIsNotOpenedAndSaysWhy)
@@ -206,13 +206,13 @@ TEST_F(DataFilesTest, AFileTooLargeOrNoOrdinaryFileIsNotOpenedAndSaysWhy)
     big.write(QByteArray(int(zrt::IniDocument::kMaxFileBytes) + 1, '\n'));
     big.close();
     AddPairs({{"0.25", "0.35"}});
-    window->DataSaved = true;
+    window->P2->DataSaved = true;
     chosen = big.fileName();
     window->Open_Data();
     ASSERT_FALSE(said.empty());
     EXPECT_EQ(said.back().text, "The file " + chosen + " can't be opened: it is larger than 4 MB.\n"
                                 "The collected data are as they were.");
-    EXPECT_EQ(Items(window->cl2), QStringList{"0.25"});
+    EXPECT_EQ(Items(window->P2->cl2), QStringList{"0.25"});
 
 #if defined(__unix__)
     // A pipe chosen in the dialog: refused at once. Should it block, a watchdog opens its
@@ -237,7 +237,7 @@ TEST_F(DataFilesTest, AFileTooLargeOrNoOrdinaryFileIsNotOpenedAndSaysWhy)
     EXPECT_FALSE(released) << "opening a pipe blocked";
     EXPECT_EQ(said.back().text, "The file " + pipe + " can't be opened: it is not an ordinary file.\n"
                                 "The collected data are as they were.");
-    EXPECT_EQ(Items(window->cl2), QStringList{"0.25"});
+    EXPECT_EQ(Items(window->P2->cl2), QStringList{"0.25"});
 #endif
 }
 
@@ -271,7 +271,7 @@ TEST_F(DataFilesTest, ASaveThatFailsKeepsTheOldFileSaysWhyAndLeavesTheDataUnsave
         EXPECT_EQ(Read(path), oldBytes);
         EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name | QDir::IgnoreCase),
                   (QStringList{"class.rtd", "Zorvanes.ini"}));
-        EXPECT_FALSE(window->DataSaved);
+        EXPECT_FALSE(window->P2->DataSaved);
         EXPECT_EQ(Setting("LastSavedFolder"), "") << "only a saved file's folder is remembered";
     }
     zrt::SetWriteFault({});
@@ -284,7 +284,7 @@ TEST_F(DataFilesTest, ASaveThatFailsKeepsTheOldFileSaysWhyAndLeavesTheDataUnsave
     answer = vbYes;
     window->Save_Data();
     EXPECT_TRUE(Read(path).startsWith("[RTDINFO]\r\nVanes=3\r\nAttempts=4\r\nDataItems=2\r\n"));
-    EXPECT_TRUE(window->DataSaved);
+    EXPECT_TRUE(window->P2->DataSaved);
 }
 
 TEST_F(DataFilesTest, ASettingsFileThatCannotBeUpdatedIsReportedButTheSaveStands)
@@ -298,7 +298,7 @@ TEST_F(DataFilesTest, ASettingsFileThatCannotBeUpdatedIsReportedButTheSaveStands
     chosen = folder.filePath("run.rtd");
     window->Save_Data();
     EXPECT_TRUE(Read(chosen).contains("Data1=0.31,0.41"));
-    EXPECT_TRUE(window->DataSaved);
+    EXPECT_TRUE(window->P2->DataSaved);
     ASSERT_EQ(balloons.size(), 1u);
     EXPECT_EQ(balloons[0].caption, "Settings Not Saved");
     EXPECT_TRUE(balloons[0].text.startsWith("The settings file " + MainMod1::SettingsFile +
@@ -309,30 +309,30 @@ TEST_F(DataFilesTest, ASettingsFileThatCannotBeUpdatedIsReportedButTheSaveStands
 
 TEST_F(DataFilesTest, SaveThenOpenGivesTheSameSampleAndSettings)
 {
-    window->List1->setListIndex(4);
-    window->List2->setListIndex(3);
+    window->P3->List1->setListIndex(4);
+    window->P3->List2->setListIndex(3);
     AddPairs({{"0.31", "0.41"}, {"0.27", "0.39"}, {"0.33", "0.44"}});
     chosen = folder.filePath("round.rtd");
     window->Save_Data();
     window->ClickToolbarButton("Clear");
-    ASSERT_EQ(window->cl2->ListCount(), 0);
-    ASSERT_EQ(window->DD2->Title(), "4");
+    ASSERT_EQ(window->P2->cl2->ListCount(), 0);
+    ASSERT_EQ(window->P3->DD2->Title(), "4");
 
     window->Open_Data();
     EXPECT_TRUE(said.empty()) << "saved data open without a question";
-    EXPECT_EQ(Items(window->cl2), (QStringList{"0.31", "0.27", "0.33"}));
-    EXPECT_EQ(Items(window->CL4), (QStringList{"0.41", "0.39", "0.44"}));
-    EXPECT_EQ(window->dd1->Title(), "5");
-    EXPECT_EQ(window->DD2->Title(), "7");
-    EXPECT_EQ(window->Check4->Value(), 1);
+    EXPECT_EQ(Items(window->P2->cl2), (QStringList{"0.31", "0.27", "0.33"}));
+    EXPECT_EQ(Items(window->P2->CL4), (QStringList{"0.41", "0.39", "0.44"}));
+    EXPECT_EQ(window->P3->dd1->Title(), "5");
+    EXPECT_EQ(window->P3->DD2->Title(), "7");
+    EXPECT_EQ(window->P3->Check4->Value(), 1);
 }
 
 TEST_F(DataFilesTest, TheBoxAtSavingDecidesTheKindAndLongValuesAreCut)
 {
     // Pairs collected, then the box cleared: only the visual times are written.
     AddPairs({{"0.31", "0.41"}});
-    window->Check4->setValue(0);
-    window->Check4_Click();
+    window->P3->Check4->setValue(0);
+    window->P2->Check4_Click();
     chosen = folder.filePath("visual.rtd");
     window->Save_Data();
     EXPECT_TRUE(Read(chosen).contains("Sample=0\r\n"));
@@ -344,10 +344,10 @@ TEST_F(DataFilesTest, TheBoxAtSavingDecidesTheKindAndLongValuesAreCut)
     file.write("[RTDINFO]\r\nDataItems=2\r\nSample=0\r\n[DATA]\r\nData1=0.123456789012345678901\r\nData2=0.1,0.2\r\n");
     file.close();
     chosen = file.fileName();
-    window->DataSaved = true;
+    window->P2->DataSaved = true;
     window->Open_Data();
-    EXPECT_EQ(Items(window->cl2), (QStringList{"0.12345678901234567", "0.1,0.2"}));
-    EXPECT_EQ(window->Check4->Value(), 0);
-    EXPECT_FALSE(window->CL4->isVisibleTo(window.get()));
-    EXPECT_FALSE(window->Check5[1]->isVisibleTo(window.get()));
+    EXPECT_EQ(Items(window->P2->cl2), (QStringList{"0.12345678901234567", "0.1,0.2"}));
+    EXPECT_EQ(window->P3->Check4->Value(), 0);
+    EXPECT_FALSE(window->P2->CL4->isVisibleTo(window.get()));
+    EXPECT_FALSE(window->P2->Check5[1]->isVisibleTo(window.get()));
 }

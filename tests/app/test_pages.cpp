@@ -20,10 +20,10 @@ protected:
     void Collect(std::initializer_list<std::pair<const char *, const char *>> pairs)
     {
         for (auto [visual, audio] : pairs) {
-            window->cl2->AddItem(visual);
-            window->CL4->AddItem(audio);
+            window->P2->cl2->AddItem(visual);
+            window->P2->CL4->AddItem(audio);
         }
-        window->SetDataCount();
+        window->P2->SetDataCount();
     }
     void Six()
     {
@@ -50,7 +50,7 @@ TEST_F(PagesTest, QuestionButtonsRevealAndHideTheirAnswers)
     window->ClickToolbarButton("Averages");
     ASSERT_TRUE(window->p4[0]->isVisible());
     EXPECT_FALSE(window->P3->isVisible());
-    auto &a = window->averages;
+    auto &a = *window->averages;
     // 23 25 27 29 31 33 at hundredths.
     EXPECT_EQ(a.t1->toPlainText(), "23, 27, 31, 25, 29, 33,");
     EXPECT_EQ(a.l8->text(), "Sample Size (n) = 6");
@@ -77,9 +77,9 @@ TEST_F(PagesTest, QuestionButtonsRevealAndHideTheirAnswers)
     EXPECT_EQ(a.lb1[0]->text(), "230");
 
     // The audio list is analysed once its box is ticked; the pair acts as radio buttons.
-    window->Check5[1]->setValue(1);
-    window->Check5_Click(1);
-    EXPECT_EQ(window->Check5[0]->Value(), 0);
+    window->P2->Check5[1]->setValue(1);
+    window->P2->Check5_Click(1);
+    EXPECT_EQ(window->P2->Check5[0]->Value(), 0);
     EXPECT_TRUE(a.t1->toPlainText().startsWith("310, 350,"));
 
     // The Record button takes the page away again.
@@ -92,8 +92,8 @@ TEST_F(PagesTest, TabsAndShowButtonsDrawTheirCharts)
 {
     Six();
     window->ClickToolbarButton("Averages");
-    auto &a = window->averages;
-    window->Tab1_Click(2);
+    auto &a = *window->averages;
+    window->averages->Tab1_Click(2);
     EXPECT_TRUE(a.F1[2]->isVisible());
     EXPECT_EQ(Count(a.pBox, qRgb(225, 215, 210)), 0) << "the box waits for its button";
     QTest::mouseClick(a.cmdBP, Qt::LeftButton);
@@ -105,11 +105,11 @@ TEST_F(PagesTest, TabsAndShowButtonsDrawTheirCharts)
     EXPECT_GT(Count(a.pBox, qRgb(225, 215, 210)), 100);
 
     window->ClickToolbarButton("Groups");
-    auto &g = window->groups;
+    auto &g = *window->groups;
     EXPECT_TRUE(window->analysis.GroupedReady);
     QTest::mouseClick(g.cmdTally, Qt::LeftButton);
     EXPECT_EQ(g.cmdTally->Caption(), "Hide Tally/Frequency");
-    window->Tab2_Click(3);
+    window->groups->Tab2_Click(3);
     QTest::mouseClick(g.cmdPlot, Qt::LeftButton);
     EXPECT_TRUE(g.Check3->isVisibleTo(window.get()));
     EXPECT_GT(Count(g.ppCF, qRgb(0, 255, 0)), 0) << "the curve's points";
@@ -118,7 +118,7 @@ TEST_F(PagesTest, TabsAndShowButtonsDrawTheirCharts)
     EXPECT_EQ(g.Check3->Value(), 0);
 
     window->ClickToolbarButton("Compare");
-    auto &c = window->compare;
+    auto &c = *window->compare;
     EXPECT_TRUE(window->analysis.CompareReady);
     EXPECT_EQ(c.Text1->toPlainText(), "(23,31), (27,35), (31,30), (25,29), (29,40), (33,37),");
     EXPECT_EQ(c.ucTableView1->Count(), 6);
@@ -130,7 +130,7 @@ TEST_F(PagesTest, TheRedMeanPointAnswersAClick)
 {
     Six();
     window->ClickToolbarButton("Compare");
-    auto &c = window->compare;
+    auto &c = *window->compare;
     QTest::mouseClick(c.cmdSG, Qt::LeftButton);
     const QImage &image = c.pFR[0]->Image();
     QPoint red(-1, -1);
@@ -159,15 +159,15 @@ TEST_F(PagesTest, FailuresEndTheOperationAndTheWindowGoesOn)
     // Equal times make a range of 0: the box plot's scale has no leading figure.
     Collect({{"0.3", "0.3"}, {"0.3", "0.3"}, {"0.3", "0.3"}, {"0.3", "0.3"}, {"0.3", "0.3"}, {"0.3", "0.3"}});
     window->ClickToolbarButton("Averages");
-    window->averages.Tab1->setActiveTab(2); // as a press on the tab does
-    QTest::mouseClick(window->averages.cmdBP, Qt::LeftButton);
+    window->averages->Tab1->setActiveTab(2); // as a press on the tab does
+    QTest::mouseClick(window->averages->cmdBP, Qt::LeftButton);
     ASSERT_FALSE(said.empty());
     EXPECT_TRUE(said.back().text.startsWith("Run-time error '5'"));
-    EXPECT_EQ(window->cl2->ListCount(), 6);
+    EXPECT_EQ(window->P2->cl2->ListCount(), 6);
 
     // One pair is too few for Spearman's rank: a division by zero.
     window->ToolbarButtonClick("Clear");
     Collect({{"0.3", "0.4"}});
-    EXPECT_THROW(window->Get_Compare_Data(), zrt::RunTimeError);
-    EXPECT_EQ(window->cl2->ListCount(), 1);
+    EXPECT_THROW(window->compare->Get_Compare_Data(), zrt::RunTimeError);
+    EXPECT_EQ(window->P2->cl2->ListCount(), 1);
 }

@@ -38,9 +38,9 @@ CollectedLists ClassSample(int n)
     for (int i = 0; i < n; ++i) {
         const double slow = slowest ? 1.65 : 0.82;
         std::snprintf(buf, sizeof buf, "%.5f", n >= 20 && i == n / 2 ? slow : visual(rng));
-        l.cl2.emplace_back(buf);
+        l.visual.emplace_back(buf);
         std::snprintf(buf, sizeof buf, "%.5f", audio(rng));
-        l.CL4.emplace_back(buf);
+        l.audio.emplace_back(buf);
     }
     return l;
 }
@@ -69,36 +69,36 @@ const std::vector<std::pair<const char *, Draw>> &Charts()
              DrawBoxPlot(s, c.state.AnalysisData, c.state.results, c.precision, true);
          }},
         {"stem and leaf",
-         [](PictureBox &s, Case &c) { DrawStemAndLeaf(s, c.lists.cl2, int(c.lists.cl2.size()), true); }},
+         [](PictureBox &s, Case &c) { DrawStemAndLeaf(s, c.lists.visual, int(c.lists.visual.size()), true); }},
         {"tally",
          [](PictureBox &s, Case &c) {
-             auto d = Hundredths(c.lists.cl2);
+             auto d = Hundredths(c.lists.visual);
              DrawTally(s, d, true);
          }},
         {"estimated mean",
          [](PictureBox &s, Case &c) {
-             auto d = Hundredths(c.lists.cl2);
+             auto d = Hundredths(c.lists.visual);
              DrawEstimatedMean(s, d, true);
          }},
         {"CF table",
          [](PictureBox &s, Case &c) {
-             auto d = Hundredths(c.lists.cl2);
+             auto d = Hundredths(c.lists.visual);
              DrawCFTable(s, d, true);
          }},
         {"CF plot",
          [](PictureBox &s, Case &c) {
-             auto d = Hundredths(c.lists.cl2);
+             auto d = Hundredths(c.lists.visual);
              DrawCFPlot(s, d, true, true);
          }},
         {"scatter",
          [](PictureBox &s, Case &c) {
-             auto v = Hundredths(c.lists.cl2), a = Hundredths(c.lists.CL4);
+             auto v = Hundredths(c.lists.visual), a = Hundredths(c.lists.audio);
              BoxSummary vs, as;
              DrawScatter(s, v, a, true, vs, as);
          }},
         {"compare box plots",
          [](PictureBox &s, Case &c) {
-             auto v = Hundredths(c.lists.cl2), a = Hundredths(c.lists.CL4);
+             auto v = Hundredths(c.lists.visual), a = Hundredths(c.lists.audio);
              BoxSummary vs, as;
              DrawCompareBoxPlots(s, v, a, true, vs, as);
          }},

@@ -32,27 +32,27 @@ TEST(GetAverages, WorkedExampleOfThreeTimes)
     AnalysisState s;
     const auto a = averages(l, s);
     ASSERT_EQ(a.outcome, AveragesAnswer::Outcome::Analysed);
-    EXPECT_EQ(a.t1, "27, 23, 31, \r\n") << "recording order while Check1 is clear";
-    EXPECT_EQ(a.l8, "Sample Size (n) = 3\n");
-    EXPECT_EQ(a.cmd1Tags[0], "23");
-    EXPECT_EQ(a.cmd1Tags[1], "31");
-    EXPECT_EQ(a.cmd1Tags[2], "8");
-    EXPECT_EQ(a.cmd1Tags[3], "27");
-    EXPECT_EQ(a.cmd1Tags[4], "N/A");
-    EXPECT_EQ(a.cmd1Tags[5], "27");
-    EXPECT_EQ(a.cmd1Tags[6], "23");
-    EXPECT_EQ(a.cmd1Tags[7], "31");
-    EXPECT_EQ(a.cmd1Tags[8], "8");
-    EXPECT_EQ(a.cmd2Tags[0], "11");
-    EXPECT_EQ(a.cmd2Tags[1], "43");
-    EXPECT_EQ(a.cmd2Tags[2], "10.66667");
-    EXPECT_EQ(a.cmd2Tags[3], "3.26599");
+    EXPECT_EQ(a.dataText, "27, 23, 31, \r\n") << "recording order while Check1 is clear";
+    EXPECT_EQ(a.sampleSizeText, "Sample Size (n) = 3\n");
+    EXPECT_EQ(a.summaryAnswers[0], "23");
+    EXPECT_EQ(a.summaryAnswers[1], "31");
+    EXPECT_EQ(a.summaryAnswers[2], "8");
+    EXPECT_EQ(a.summaryAnswers[3], "27");
+    EXPECT_EQ(a.summaryAnswers[4], "N/A");
+    EXPECT_EQ(a.summaryAnswers[5], "27");
+    EXPECT_EQ(a.summaryAnswers[6], "23");
+    EXPECT_EQ(a.summaryAnswers[7], "31");
+    EXPECT_EQ(a.summaryAnswers[8], "8");
+    EXPECT_EQ(a.spreadAnswers[0], "11");
+    EXPECT_EQ(a.spreadAnswers[1], "43");
+    EXPECT_EQ(a.spreadAnswers[2], "10.66667");
+    EXPECT_EQ(a.spreadAnswers[3], "3.26599");
     EXPECT_EQ(s.AnalysisData, (std::vector<int>{23, 27, 31})) << "statistics always work on sorted data";
     EXPECT_EQ(s.results.SampleSize, 3);
     EXPECT_EQ(s.results.SumOfValues, 81);
 
     const auto sorted = averages(l, s, 0, 1);
-    EXPECT_EQ(sorted.t1, "23, 27, 31, \r\n");
+    EXPECT_EQ(sorted.dataText, "23, 27, 31, \r\n");
 }
 
 TEST(GetAverages, MeanAndVarianceOfTenTenEleven)
@@ -60,37 +60,37 @@ TEST(GetAverages, MeanAndVarianceOfTenTenEleven)
     CollectedLists l{{"0.10", "0.10", "0.11"}, {}};
     AnalysisState s;
     const auto a = averages(l, s);
-    EXPECT_EQ(a.cmd1Tags[3], "10.3333");
+    EXPECT_EQ(a.summaryAnswers[3], "10.3333");
     EXPECT_EQ(s.results.MeanValue, 10.3333);
     // 321 / 3 - 10.3333^2 = 0.22291111..., from the rounded mean and not from 31/3.
     EXPECT_DOUBLE_EQ(s.results.VarianceValue, 107.0 - 10.3333 * 10.3333);
-    EXPECT_EQ(a.cmd2Tags[2], "0.22291");
-    EXPECT_EQ(a.cmd1Tags[4], "10");
+    EXPECT_EQ(a.spreadAnswers[2], "0.22291");
+    EXPECT_EQ(a.summaryAnswers[4], "10");
 }
 
 TEST(GetAverages, ModesAndEqualValues)
 {
     AnalysisState s;
     CollectedLists modes{{"0.20", "0.20", "0.30", "0.30", "0.40"}, {}};
-    EXPECT_EQ(averages(modes, s).cmd1Tags[4], "20, 30");
+    EXPECT_EQ(averages(modes, s).summaryAnswers[4], "20, 30");
 
     CollectedLists same{{"0.25", "0.25", "0.25", "0.25"}, {}};
     const auto a = averages(same, s);
-    EXPECT_EQ(a.cmd1Tags[2], "0");
-    EXPECT_EQ(a.cmd1Tags[8], "0");
-    EXPECT_EQ(a.cmd1Tags[4], "25");
-    EXPECT_EQ(a.cmd2Tags[0], "25");
-    EXPECT_EQ(a.cmd2Tags[1], "25");
-    EXPECT_EQ(a.cmd2Tags[2], "0");
+    EXPECT_EQ(a.summaryAnswers[2], "0");
+    EXPECT_EQ(a.summaryAnswers[8], "0");
+    EXPECT_EQ(a.summaryAnswers[4], "25");
+    EXPECT_EQ(a.spreadAnswers[0], "25");
+    EXPECT_EQ(a.spreadAnswers[1], "25");
+    EXPECT_EQ(a.spreadAnswers[2], "0");
 }
 
 TEST(GetAverages, PrecisionScalesEachItem)
 {
     CollectedLists l{{"0.23", "0.2345", "0.34567"}, {}};
     AnalysisState s;
-    EXPECT_EQ(averages(l, s, 0, 1).t1, "23, 23, 35, \r\n");
-    EXPECT_EQ(averages(l, s, 1, 1).t1, "230, 235, 346, \r\n") << "0.2345 at thousandths rounds half up";
-    EXPECT_EQ(averages(l, s, 2, 1).t1, "2300, 2345, 3457, \r\n");
+    EXPECT_EQ(averages(l, s, 0, 1).dataText, "23, 23, 35, \r\n");
+    EXPECT_EQ(averages(l, s, 1, 1).dataText, "230, 235, 346, \r\n") << "0.2345 at thousandths rounds half up";
+    EXPECT_EQ(averages(l, s, 2, 1).dataText, "2300, 2345, 3457, \r\n");
     EXPECT_EQ(s.results.PrecisionIndex, 2);
 }
 
@@ -103,15 +103,15 @@ TEST(GetAverages, TooLittleDataKeepsTheResults)
     CollectedLists two{{"0.5", "0.6"}, {}};
     const auto a = averages(two, s);
     EXPECT_EQ(a.outcome, AveragesAnswer::Outcome::Message);
-    EXPECT_EQ(a.t1, std::string(kNeedThreeMessage) + "\r\n");
-    EXPECT_TRUE(a.l8.empty());
-    for (const auto &t : a.cmd1Tags)
+    EXPECT_EQ(a.dataText, std::string(kNeedThreeMessage) + "\r\n");
+    EXPECT_TRUE(a.sampleSizeText.empty());
+    for (const auto &t : a.summaryAnswers)
         EXPECT_TRUE(t.empty());
     EXPECT_EQ(s.results.SampleSize, 3);
     EXPECT_EQ(s.AnalysisData.size(), 3u);
 
     CollectedLists none;
-    EXPECT_EQ(averages(none, s).t1, std::string(kNoTimesMessage) + "\r\n");
+    EXPECT_EQ(averages(none, s).dataText, std::string(kNoTimesMessage) + "\r\n");
     EXPECT_EQ(averages(three, s, -1).outcome, AveragesAnswer::Outcome::PrecisionReset);
 }
 
@@ -124,7 +124,7 @@ TEST(GetAverages, AudioSourceIsSizedByTheVisualList)
     // CL4 shorter: the fourth element keeps what the array held (40, the last sorted value).
     CollectedLists shorter{{"0.5", "0.5", "0.5", "0.5"}, {"0.61", "0.62", "0.63"}};
     const auto a = averages(shorter, s, 0, 0, 0);
-    EXPECT_EQ(a.t1, "61, 62, 63, 40, \r\n");
+    EXPECT_EQ(a.dataText, "61, 62, 63, 40, \r\n");
 
     CollectedLists longer{{"0.5", "0.5", "0.5"}, {"0.61", "0.62", "0.63", "0.64"}};
     EXPECT_EQ(errorOf([&] { averages(longer, s, 0, 0, 0); }), ErrSubscript);
@@ -148,7 +148,7 @@ TEST(GetAverages, RunTimeFailures)
 
     // The 16-bit item counter: 32768 items overflow it.
     CollectedLists many;
-    many.cl2.assign(32768, "0.3");
+    many.visual.assign(32768, "0.3");
     EXPECT_EQ(errorOf([&] { averages(many, s); }), ErrOverflow);
 }
 
@@ -209,12 +209,12 @@ TEST(GroupedData, GetGroupedDataAndItsFailures)
     CollectedLists l{{"0.31", "0.22"}, {"0.40", "0.50"}};
     auto a = Get_Grouped_Data(GroupedInput{l, 0, 1}, s);
     EXPECT_TRUE(a.analysed);
-    EXPECT_EQ(a.t4, "31, 22, \r\n") << "one time is enough here; shown unsorted";
+    EXPECT_EQ(a.dataText, "31, 22, \r\n") << "one time is enough here; shown unsorted";
     a = Get_Grouped_Data(GroupedInput{l, 1, 0}, s);
-    EXPECT_EQ(a.t4, "40, 50, \r\n");
+    EXPECT_EQ(a.dataText, "40, 50, \r\n");
 
     CollectedLists none;
-    EXPECT_EQ(Get_Grouped_Data(GroupedInput{none, 0, 1}, s).t4, std::string(kNoTimesMessage) + "\r\n");
+    EXPECT_EQ(Get_Grouped_Data(GroupedInput{none, 0, 1}, s).dataText, std::string(kNoTimesMessage) + "\r\n");
 
     std::vector<int> negative{-5, 20};
     EXPECT_EQ(errorOf([&] { BuildClassTable(negative); }), ErrTypeMismatch);
@@ -237,9 +237,9 @@ TEST(Spearman, TiesGetTheMeanOfTheirRanks)
     EXPECT_EQ(t.columns[2][1], 2.5f);
     for (const auto &c : t.columns)
         EXPECT_EQ(c[3], 2.0f);
-    EXPECT_EQ(t.ld, "1.5"); // 1 + 0.25 + 0.25
+    EXPECT_EQ(t.squaredDifferencesText, "1.5"); // 1 + 0.25 + 0.25
     // r = 1 - 9 / 24 = 0.625
-    EXPECT_EQ(t.lbSR, "= 0.625");
+    EXPECT_EQ(t.coefficientText, "= 0.625");
     EXPECT_FLOAT_EQ(r.SpearmanValue, 0.625f);
 }
 
@@ -248,20 +248,20 @@ TEST(Spearman, WorkedExampleAndTableOrder)
     AnalysisState s;
     CollectedLists l{{"0.23", "0.27", "0.31"}, {"0.31", "0.35", "0.30"}};
     const auto a = Get_Compare_Data(l, s);
-    EXPECT_EQ(a.text1, "(23,31), (27,35), (31,30), \r\n");
+    EXPECT_EQ(a.pairsText, "(23,31), (27,35), (31,30), \r\n");
     const auto rows = a.table.rowTexts();
     ASSERT_EQ(rows.size(), 3u);
     EXPECT_EQ(rows[0], (std::array<std::string, 6>{"23", "1", "31", "2", "-1", "1"}));
     EXPECT_EQ(rows[2], (std::array<std::string, 6>{"31", "3", "30", "1", "2", "4"}));
-    EXPECT_EQ(a.table.ld, "6");
-    EXPECT_EQ(a.table.lbSR, "= -0.5");
+    EXPECT_EQ(a.table.squaredDifferencesText, "6");
+    EXPECT_EQ(a.table.coefficientText, "= -0.5");
     EXPECT_EQ(s.GroupedData, (std::vector<int>{23, 27, 31}));
     EXPECT_EQ(s.AnalysisData, (std::vector<int>{31, 35, 30}));
 
     CollectedLists same{{"0.1", "0.2", "0.3", "0.4"}, {"0.5", "0.6", "0.7", "0.8"}};
     const auto perfect = Get_Compare_Data(same, s);
-    EXPECT_EQ(perfect.table.ld, "0");
-    EXPECT_EQ(perfect.table.lbSR, "= 1");
+    EXPECT_EQ(perfect.table.squaredDifferencesText, "0");
+    EXPECT_EQ(perfect.table.coefficientText, "= 1");
 }
 
 TEST(Spearman, RunTimeFailures)

@@ -162,11 +162,11 @@ TEST(RtdFile, WritesTheExampleByteForByte)
 TEST(RtdFile, ReadsBackWhatWasWritten)
 {
     const auto c = ReadRtd(IniDocument::parse(kExample));
-    EXPECT_TRUE(c.check4());
+    EXPECT_TRUE(c.paired());
     EXPECT_EQ(c.vanesListIndex, 2);
     EXPECT_EQ(c.attemptsListIndex, 0);
-    EXPECT_EQ(c.lists.cl2, (std::vector<std::string>{"0.42113", "0.38771"}));
-    EXPECT_EQ(c.lists.CL4, (std::vector<std::string>{"0.61207", "0.55002"}));
+    EXPECT_EQ(c.lists.visual, (std::vector<std::string>{"0.42113", "0.38771"}));
+    EXPECT_EQ(c.lists.audio, (std::vector<std::string>{"0.61207", "0.55002"}));
 }
 
 TEST(RtdFile, ReaderRulesForValues)
@@ -175,19 +175,19 @@ TEST(RtdFile, ReaderRulesForValues)
     const auto pairs = ReadRtd(IniDocument::parse("[RTDINFO]\nSample=1\nDataItems=4\n[DATA]\n"
                                                   "Data1=0.50000,0.1\nData2=0.7\nData3= 1 ,x\n"
                                                   "Data4=0.123456789,0.987654321\n"));
-    EXPECT_EQ(pairs.lists.cl2, (std::vector<std::string>{"0.5", "1", "0.123456789"}));
-    EXPECT_EQ(pairs.lists.CL4, (std::vector<std::string>{"0.1", "0", "0.98765"}));
+    EXPECT_EQ(pairs.lists.visual, (std::vector<std::string>{"0.5", "1", "0.123456789"}));
+    EXPECT_EQ(pairs.lists.audio, (std::vector<std::string>{"0.1", "0", "0.98765"}));
 
     // Sample 0: values go as they stand, comma and emptiness included; DataItems is trusted.
     const auto single = ReadRtd(IniDocument::parse("[RTDINFO]\r\nSample=0\r\nDataItems=4\r\n[DATA]\r\n"
                                                    "Data1=0.1,0.2\r\nData2=0.30000\r\nData3=\r\n"));
-    EXPECT_EQ(single.lists.cl2, (std::vector<std::string>{"0.1,0.2", "0.30000", "", ""}));
-    EXPECT_TRUE(single.lists.CL4.empty());
-    EXPECT_FALSE(single.check4());
+    EXPECT_EQ(single.lists.visual, (std::vector<std::string>{"0.1,0.2", "0.30000", "", ""}));
+    EXPECT_TRUE(single.lists.audio.empty());
+    EXPECT_FALSE(single.paired());
 
     const auto fewer = ReadRtd(IniDocument::parse("[RTDINFO]\nSample=1\nDataItems=1\n[DATA]\n"
                                                   "Data1=0.1,0.2\nData2=0.3,0.4\n"));
-    EXPECT_EQ(fewer.lists.cl2.size(), 1u);
+    EXPECT_EQ(fewer.lists.visual.size(), 1u);
 }
 
 TEST(RtdFile, SettingsAndTheirFailures)
@@ -202,8 +202,8 @@ TEST(RtdFile, SettingsAndTheirFailures)
     EXPECT_EQ(errorOf([&] { read("Vanes=-2"); }), ErrInvalidPropertyIndex);
     EXPECT_EQ(errorOf([&] { read("Attempts=11"); }), ErrInvalidPropertyIndex);
     EXPECT_EQ(errorOf([&] { read("DataItems=99999"); }), ErrOverflow);
-    EXPECT_EQ(read("DataItems=-4").lists.cl2.size(), 0u);
-    EXPECT_EQ(read("DataItems=abc").lists.cl2.size(), 0u);
+    EXPECT_EQ(read("DataItems=-4").lists.visual.size(), 0u);
+    EXPECT_EQ(read("DataItems=abc").lists.visual.size(), 0u);
 }
 
 TEST(RtdFile, AnyFileOfAnotherKindIsAnEmptySample)
@@ -213,13 +213,13 @@ TEST(RtdFile, AnyFileOfAnotherKindIsAnEmptySample)
     for (auto &c : junk)
         c = static_cast<char>(rng() & 0xff);
     const auto c = ReadRtd(IniDocument::parse(junk));
-    EXPECT_TRUE(c.lists.cl2.empty());
+    EXPECT_TRUE(c.lists.visual.empty());
     EXPECT_EQ(c.dataItems, 0);
 
     // Many keys over few lines is a long sample of empty items, found quickly.
     const auto big = ReadRtd(IniDocument::parse("[RTDINFO]\nDataItems=32000\n[DATA]\nData1=0.2\n"));
-    EXPECT_EQ(big.lists.cl2.size(), 32000u);
-    EXPECT_EQ(big.lists.cl2[0], "0.2");
+    EXPECT_EQ(big.lists.visual.size(), 32000u);
+    EXPECT_EQ(big.lists.visual[0], "0.2");
 }
 
 // ---- reading what the settings file may really hold -----------------------------------------
@@ -460,10 +460,10 @@ TEST(ReplaceFile, KilledWhileSavingLeavesTheOldOrTheNewFileWhole)
     // Two samples of about 12 KB, saved in turn with the program's own writer.
     CollectedLists a, b;
     for (int i = 0; i < 400; ++i) {
-        a.cl2.push_back("0.3" + std::to_string(i));
-        a.CL4.push_back("0.4" + std::to_string(i));
-        b.cl2.push_back("0.5" + std::to_string(i));
-        b.CL4.push_back("0.6" + std::to_string(i));
+        a.visual.push_back("0.3" + std::to_string(i));
+        a.audio.push_back("0.4" + std::to_string(i));
+        b.visual.push_back("0.5" + std::to_string(i));
+        b.audio.push_back("0.6" + std::to_string(i));
     }
     const IniDocument docA = BuildRtd(a, {"3", "4", true}), docB = BuildRtd(b, {"5", "10", true});
     const std::string bytesA = docA.serialize(), bytesB = docB.serialize();

@@ -1,5 +1,9 @@
 #include "Report.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -147,4 +151,107 @@ TEST(Report, UnreadableFilesAndBadArguments)
     EXPECT_EQ(ReportMain(4, badPrecision, out, err), 1);
     const char *noFile[] = {"zorvanes-report"};
     EXPECT_EQ(ReportMain(1, noFile, out, err), 1);
+}
+
+TEST(Report, CsvPrintsTheDataAsTheExportWritesIt)
+{
+    const ReportRun pairs = report(pairsFile({{"0.27", "0.35"}, {"0.23000", "0.31"}}), {"--csv"});
+    EXPECT_EQ(pairs.exitCode, 0);
+    EXPECT_EQ(pairs.err, "");
+    EXPECT_EQ(pairs.out, "visual,audio\n0.27,0.35\n0.23,0.31\n"); // pairs are normalised on reading
+
+    const ReportRun visual = report("[RTDINFO]\r\nDataItems=2\r\nSample=0\r\n[DATA]\r\nData1=0.4\r\nData2=0.25\r\n",
+                                    {"--csv", "--precision", "1"});
+    EXPECT_EQ(visual.exitCode, 0);
+    EXPECT_EQ(visual.out, "visual\n0.4\n0.25\n");
+
+    // A Sample 0 value that is no number can't become CSV: nothing is printed.
+    const ReportRun bad = report("[RTDINFO]\r\nDataItems=2\r\nSample=0\r\n[DATA]\r\nData1=0.4\r\nData2=x\r\n", {"--csv"});
+    EXPECT_EQ(bad.exitCode, 2);
+    EXPECT_EQ(bad.out, "");
+    EXPECT_NE(bad.err.find("Result 2 (\"x\") is not a number"), std::string::npos) << bad.err;
+}
+
+TEST(Report, JsonHoldsTheSameAnswersAsTheText)
+{
+    const std::string file = pairsFile({{"0.27", "0.35"}, {"0.23", "0.31"}, {"0.31", "0.30"}, {"0.42", "0.5"}});
+    const ReportRun textRun = report(file, {"--precision", "1"});
+    const ReportRun explicitText = report(file, {"--precision", "1", "--format", "text"});
+    EXPECT_EQ(explicitText.out, textRun.out);
+    const ReportRun jsonRun = report(file, {"--format", "json", "--precision", "1"});
+    ASSERT_EQ(jsonRun.exitCode, 0);
+    EXPECT_EQ(jsonRun.err, "");
+
+    QJsonParseError parseError;
+    const QJsonDocument doc = QJsonDocument::fromJson(QByteArray::fromStdString(jsonRun.out), &parseError);
+    ASSERT_EQ(parseError.error, QJsonParseError::NoError) << jsonRun.out;
+    ASSERT_TRUE(doc.isObject());
+    const QJsonObject averages = doc["Averages"].toObject();
+    const QJsonObject groups = doc["Groups"].toObject();
+    const QJsonObject compare = doc["Compare"].toObject();
+
+    // Every line of the text is in the object under its name.
+    std::istringstream lines(textRun.out);
+    std::string line, sectionName;
+    int classRows = 0, rankRows = 0, checked = 0;
+    while (std::getline(lines, line)) {
+        if (line.front() == '[') {
+            sectionName = line;
+            continue;
+        }
+        const size_t tab = line.find('\t');
+        const QString key = QString::fromStdString(line.substr(0, tab));
+        const QString rest = QString::fromStdString(line.substr(tab + 1));
+        if (sectionName == "[Averages]") {
+            const QJsonValue v = averages.contains(key) ? averages[key] : averages["answers"].toObject()[key];
+            EXPECT_EQ(v.toString(), rest) << line;
+            ++checked;
+        } else if (sectionName == "[Groups]") {
+            if (key == "t4" || key == "Estimated Mean") {
+                EXPECT_EQ(groups[key].toString(), rest);
+            } else if (key == "Totals") {
+                EXPECT_EQ(rest, QString::number(groups["frequencyTotal"].toInt()) + "\t\t" +
+                                    QString::number(groups["productTotal"].toInt()));
+            } else {
+                const QJsonObject row = groups["classes"].toArray()[classRows++].toObject();
+                EXPECT_EQ(key, row["class"].toString());
+                EXPECT_EQ(rest, QStringList({QString::number(row["frequency"].toInt()),
+                                             QString::number(row["midpoint"].toInt()),
+                                             QString::number(row["product"].toInt()), row["cumulativeClass"].toString(),
+                                             QString::number(row["cumulative"].toInt())})
+                                    .join('\t'));
+            }
+            ++checked;
+        } else if (sectionName == "[Compare]") {
+            if (compare.contains(key)) {
+                EXPECT_EQ(compare[key].toString(), rest);
+            } else {
+                QStringList cells;
+                for (const QJsonValue &c : compare["ranks"].toArray()[rankRows++].toArray())
+                    cells << c.toString();
+                EXPECT_EQ(key + '\t' + rest, cells.join('\t'));
+            }
+            ++checked;
+        }
+    }
+    EXPECT_EQ(classRows, groups["classes"].toArray().size());
+    EXPECT_EQ(rankRows, compare["ranks"].toArray().size());
+    EXPECT_GT(rankRows, 0);
+    EXPECT_EQ(checked, 2 + 13 + 1 + classRows + 2 + 1 + rankRows + 2);
+}
+
+TEST(Report, JsonKeepsWhatCameBeforeAFailureAndNamesIt)
+{
+    const ReportRun r = report(pairsFile({{"0.5", "0.6"}}), {"--format", "json"});
+    EXPECT_EQ(r.exitCode, 3);
+    EXPECT_EQ(r.err, "Run-time error '6': Overflow\n");
+    const QJsonObject doc = QJsonDocument::fromJson(QByteArray::fromStdString(r.out)).object();
+    EXPECT_EQ(doc["Compare"].toObject()["error"].toString(), "Run-time error '6': Overflow");
+    EXPECT_FALSE(doc["Groups"].toObject().contains("error"));
+    EXPECT_EQ(doc["Groups"].toObject()["frequencyTotal"].toInt(), 1);
+
+    std::ostringstream out, err;
+    const char *badFormat[] = {"zorvanes-report", "x.rtd", "--format", "xml"};
+    EXPECT_EQ(ReportMain(4, badFormat, out, err), 1);
+    EXPECT_NE(err.str().find("--format text|json"), std::string::npos);
 }

@@ -83,9 +83,9 @@ public:
         CollectedLists l;
         const int spread = below(3);
         for (int i = 0; i < n; ++i)
-            l.cl2.push_back(item(spread));
+            l.visual.push_back(item(spread));
         for (int i = 0; i < std::max(0, n + audioExtra); ++i)
-            l.CL4.push_back(item(spread));
+            l.audio.push_back(item(spread));
         return l;
     }
 
@@ -138,10 +138,10 @@ TEST(FastSorts, AveragesMatchTheOriginalAtEveryPrecisionAndOption)
             run([&] { original = reference::Get_Averages(AveragesInput{l, precision, check1, visual}, originalState); });
         ASSERT_EQ(mineError, originalError) << "round " << round;
         EXPECT_EQ(mine.outcome, original.outcome);
-        EXPECT_EQ(mine.t1, original.t1);
-        EXPECT_EQ(mine.l8, original.l8);
-        EXPECT_EQ(mine.cmd1Tags, original.cmd1Tags);
-        EXPECT_EQ(mine.cmd2Tags, original.cmd2Tags);
+        EXPECT_EQ(mine.dataText, original.dataText);
+        EXPECT_EQ(mine.sampleSizeText, original.sampleSizeText);
+        EXPECT_EQ(mine.summaryAnswers, original.summaryAnswers);
+        EXPECT_EQ(mine.spreadAnswers, original.spreadAnswers);
         EXPECT_EQ(mineState.AnalysisData, originalState.AnalysisData);
         expectSameResults(mineState.results, originalState.results);
         if (HasFailure())
@@ -170,7 +170,7 @@ TEST(FastSorts, GroupsMatchTheOriginal)
             EstimatedMean(originalTable);
         });
         ASSERT_EQ(mineError, originalError) << "round " << round;
-        ASSERT_EQ(mine.t4, original.t4);
+        ASSERT_EQ(mine.dataText, original.dataText);
         ASSERT_EQ(mine.analysed, original.analysed);
         ASSERT_EQ(mineState.GroupedData, originalState.GroupedData);
         ASSERT_EQ(mineTable.lowestStem, originalTable.lowestStem);
@@ -227,9 +227,9 @@ TEST(FastSorts, CompareMatchesTheOriginalIncludingTieOrderAndOverflow)
         ASSERT_EQ(mineError, originalError) << "round " << round;
         overflows += mineError.error == ErrOverflow;
         ASSERT_EQ(mine.analysed, original.analysed);
-        ASSERT_EQ(mine.text1, original.text1);
-        ASSERT_EQ(mine.table.ld, original.table.ld);
-        ASSERT_EQ(mine.table.lbSR, original.table.lbSR);
+        ASSERT_EQ(mine.pairsText, original.pairsText);
+        ASSERT_EQ(mine.table.squaredDifferencesText, original.table.squaredDifferencesText);
+        ASSERT_EQ(mine.table.coefficientText, original.table.coefficientText);
         ASSERT_EQ(mine.table.rowTexts(), original.table.rowTexts());
         ASSERT_EQ(std::memcmp(mine.table.columns.data(), original.table.columns.data(),
                               mine.table.columns.size() * sizeof(RankColumn)),
@@ -255,6 +255,6 @@ TEST(FastSorts, CompareMatchesTheOriginalIncludingTieOrderAndOverflow)
         ASSERT_EQ(run([&] { mine = Add_SR_Data(x, y, count, r1); }),
                   run([&] { original = reference::Add_SR_Data(x, y, count, r2); }));
         ASSERT_EQ(mine.rowTexts(), original.rowTexts()) << "round " << round;
-        ASSERT_EQ(mine.lbSR, original.lbSR);
+        ASSERT_EQ(mine.coefficientText, original.coefficientText);
     }
 }

@@ -452,6 +452,45 @@ void Program::key(const char *keysym)
     settle();
 }
 
+void Program::focusMainWindow()
+{
+    ::Display *d = X(Display::instance().xdisplay());
+    const Window window = static_cast<Window>(ask(QStringLiteral("winid")).toULongLong());
+    if (window == 0)
+        return;
+    XSetInputFocus(d, window, RevertToPointerRoot, CurrentTime);
+    XSync(d, False);
+    settle();
+}
+
+void Program::chord(const char *modifier, const char *keysym)
+{
+    pointAtModal();
+    ::Display *d = X(Display::instance().xdisplay());
+    const KeyCode held = XKeysymToKeycode(d, XStringToKeysym(modifier));
+    const KeyCode code = XKeysymToKeycode(d, XStringToKeysym(keysym));
+    if (held == 0 || code == 0)
+        return;
+    XTestFakeKeyEvent(d, held, True, CurrentTime);
+    XTestFakeKeyEvent(d, code, True, CurrentTime);
+    XSync(d, False);
+    Pause(20);
+    XTestFakeKeyEvent(d, code, False, CurrentTime);
+    XTestFakeKeyEvent(d, held, False, CurrentTime);
+    XSync(d, False);
+    settle();
+}
+
+bool Program::tabTo(const QString &name, int most)
+{
+    for (int i = 0; i < most; ++i) {
+        if (ask(QStringLiteral("focus")) == name)
+            return true;
+        key("Tab");
+    }
+    return ask(QStringLiteral("focus")) == name;
+}
+
 void Program::type(const QString &text)
 {
     pointAtModal();

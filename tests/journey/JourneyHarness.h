@@ -97,6 +97,12 @@ public:
     void click(QPoint at, int button = 1);
     void click(const QString &controlName, int button = 1);
     void key(const char *keysym);
+    // Gives the main window the keyboard focus, as a window manager does with a new window.
+    void focusMainWindow();
+    // A key with a modifier held, such as ("Control_L", "s").
+    void chord(const char *modifier, const char *keysym);
+    // Presses Tab until the named control has the focus; false after `most` presses.
+    bool tabTo(const QString &name, int most = 60);
     void type(const QString &text);
     void resizeWindow(int width, int height);
 

@@ -28,7 +28,7 @@ void RecordOneResult(Program &p)
     for (int attempt = 0; attempt < 4; ++attempt) {
         p.ask(QStringLiteral("rnd 0"));
         ASSERT_TRUE(p.fire(TimerVisualPop));
-        ASSERT_TRUE(p.waitUntil([&] { return p.ask(QStringLiteral("tag ucGifPlayer1_0")) == QLatin1String("1"); }));
+        ASSERT_TRUE(p.waitUntil([&] { return p.ask(QStringLiteral("risen ucGifPlayer1_0")) == QLatin1String("1"); }));
         p.click(QStringLiteral("ucGifPlayer1_0"));
         ASSERT_TRUE(p.waitUntil([&] { return p.lines(QStringLiteral("cl1")) == attempt + 1; }));
     }

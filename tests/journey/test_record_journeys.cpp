@@ -3,6 +3,9 @@
 
 #include "JourneyHarness.h"
 
+#include <QFile>
+#include <QFileInfo>
+
 #include <QStringList>
 #include <QThread>
 #include <gtest/gtest.h>
@@ -42,7 +45,7 @@ QString RisenCharacter(Program &p)
 {
     for (int i = 0; i < 5; ++i) {
         const QString name = QStringLiteral("ucGifPlayer1_%1").arg(i);
-        if (p.ask(QStringLiteral("tag ") + name) == QLatin1String("1"))
+        if (p.ask(QStringLiteral("risen ") + name) == QLatin1String("1"))
             return name;
     }
     return {};
@@ -148,7 +151,7 @@ TEST(RecordJourney, PairedRunPlaysTheCueAndAddsBothTimes)
     ASSERT_TRUE(p.waitUntil([&] { return !p.control(QStringLiteral("cmdStartAudio")).enabled; }));
     for (int attempt = 0; attempt < 4; ++attempt) {
         ASSERT_TRUE(p.fire(TimerAudioCue));
-        ASSERT_TRUE(p.waitUntil([&] { return p.ask(QStringLiteral("tag ucgif")) == QLatin1String("1"); }));
+        ASSERT_TRUE(p.waitUntil([&] { return p.ask(QStringLiteral("risen ucgif")) == QLatin1String("1"); }));
         if (attempt == 0) {
             EXPECT_GT(p.soundHeard(3000), 300) << "the cue must sound until the press";
         }
@@ -206,4 +209,55 @@ TEST(RecordJourney, CharactersRestWhileNoRunGoesOn)
         EXPECT_TRUE(frame.startsWith(QLatin1String("1 "))) << qPrintable(frame);
     }
     p.shot(QStringLiteral("record_resting"));
+}
+
+// A pupil who can't use a mouse: the space bar setting, a whole visual run and the save, all by
+// keys. The pointer only rests over the window, as keys go to the window under it here.
+TEST(RecordJourney, KeyboardOnlyRunAndSave)
+{
+    Program p;
+    ASSERT_TRUE(p.started());
+    const Control column = p.control(QStringLiteral("Label4"));
+    p.moveTo(column.centre());
+    p.focusMainWindow();
+
+    ASSERT_TRUE(p.tabTo(QStringLiteral("Check4"))) << qPrintable(p.ask(QStringLiteral("focus")));
+    p.key("space");
+    ASSERT_TRUE(p.waitUntil([&] { return p.text(QStringLiteral("Check4")).endsWith(QLatin1String("=0")); }));
+    ASSERT_TRUE(p.tabTo(QStringLiteral("CheckSpace")));
+    p.key("space");
+    ASSERT_TRUE(p.waitUntil([&] { return p.text(QStringLiteral("CheckSpace")).endsWith(QLatin1String("=1")); }));
+    p.shot(QStringLiteral("keyboard_space_setting"));
+
+    ASSERT_TRUE(p.tabTo(QStringLiteral("command1")));
+    p.key("Return");
+    for (int attempt = 0; attempt < 4; ++attempt) {
+        p.ask(QStringLiteral("rnd 0"));
+        ASSERT_TRUE(p.fire(TimerVisualPop));
+        ASSERT_TRUE(p.waitUntil([&] { return !RisenCharacter(p).isEmpty(); }));
+        p.key("space");
+        ASSERT_TRUE(p.waitUntil([&] { return p.lines(QStringLiteral("cl1")) == attempt + 1; })) << attempt;
+    }
+    ASSERT_TRUE(p.waitUntil([&] { return p.control(QStringLiteral("GlossButton1_0")).visible; }));
+    EXPECT_TRUE(p.text(QStringLiteral("Label3")).contains(QLatin1String("(by space bar)")));
+    p.shot(QStringLiteral("keyboard_run_finished"));
+
+    ASSERT_TRUE(p.tabTo(QStringLiteral("GlossButton1_0")));
+    p.key("Return");
+    ASSERT_TRUE(p.waitUntil([&] { return p.lines(QStringLiteral("cl2")) == 1; }));
+
+    const QString saved = p.documents() + QStringLiteral("/by_keys.rtd");
+    p.chord("Control_L", "s");
+    ASSERT_TRUE(p.waitUntil([&] { return p.modalShown(); })) << "no save dialog";
+    p.type(p.documents() + QStringLiteral("/by_keys"));
+    p.key("Return");
+    ASSERT_TRUE(p.waitUntil([&] { return QFileInfo::exists(saved); }));
+    QFile file(saved);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray content = file.readAll();
+    EXPECT_TRUE(content.contains("DataItems=1\r\n")) << content.constData();
+    EXPECT_TRUE(content.contains("Sample=0\r\n")) << content.constData();
+    QFile settings(p.documents() + QStringLiteral("/Zorvanes.ini"));
+    ASSERT_TRUE(settings.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(settings.readAll().contains("SpaceBar=1"));
 }

@@ -73,7 +73,7 @@ TEST(Screens, RecordPageAndAudioStage)
     for (int attempt = 0; attempt < 4; ++attempt) {
         p.ask(QStringLiteral("rnd 0.5"));
         ASSERT_TRUE(p.fire(20482));
-        ASSERT_TRUE(p.waitUntil([&] { return p.ask(QStringLiteral("tag ucGifPlayer1_1")) == QLatin1String("1"); }));
+        ASSERT_TRUE(p.waitUntil([&] { return p.ask(QStringLiteral("risen ucGifPlayer1_1")) == QLatin1String("1"); }));
         if (attempt == 0)
             p.shot(QStringLiteral("character_risen"));
         p.click(QStringLiteral("ucGifPlayer1_1"));
@@ -88,7 +88,7 @@ TEST(Screens, RecordPageAndAudioStage)
     p.click(QStringLiteral("cmdStartAudio"));
     for (int attempt = 0; attempt < 4; ++attempt) {
         ASSERT_TRUE(p.fire(20484));
-        ASSERT_TRUE(p.waitUntil([&] { return p.ask(QStringLiteral("tag ucgif")) == QLatin1String("1"); }));
+        ASSERT_TRUE(p.waitUntil([&] { return p.ask(QStringLiteral("risen ucgif")) == QLatin1String("1"); }));
         p.click(QStringLiteral("ucgif"));
         p.settle(200);
     }

@@ -39,7 +39,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     zrt::IniDocument doc = zrt::IniDocument::parse(bytes);
     try {
         const zrt::RtdContent content = zrt::ReadRtd(doc);
-        Check(content.lists.cl2.size() <= static_cast<size_t>(content.dataItems < 0 ? 0 : content.dataItems));
+        Check(content.lists.visual.size() <= static_cast<size_t>(content.dataItems < 0 ? 0 : content.dataItems));
     } catch (const zrt::RunTimeError &) {
         // a bad value: opening ends with its message
     }

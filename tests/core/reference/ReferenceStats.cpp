@@ -60,13 +60,13 @@ AveragesAnswer messageAnswer(const char *message)
 {
     AveragesAnswer a;
     a.outcome = AveragesAnswer::Outcome::Message;
-    a.t1 = std::string(message) + "\r\n";
+    a.dataText = std::string(message) + "\r\n";
     return a;
 }
 
 void fillTags(const AnalysisResults &r, AveragesAnswer &a)
 {
-    a.cmd1Tags = {std::to_string(r.LowestValue),
+    a.summaryAnswers = {std::to_string(r.LowestValue),
                   std::to_string(r.HighestValue),
                   std::to_string(r.RangeValue),
                   GeneralText(r.MeanValue),
@@ -75,7 +75,7 @@ void fillTags(const AnalysisResults &r, AveragesAnswer &a)
                   GeneralText(r.LowerQuartile),
                   GeneralText(r.UpperQuartile),
                   GeneralText(r.InterquartileRange)};
-    a.cmd2Tags = {GeneralText(r.LowerOutlierLimit),
+    a.spreadAnswers = {GeneralText(r.LowerOutlierLimit),
                   GeneralText(r.UpperOutlierLimit),
                   GeneralText(Maths::RoundToPlaces(r.VarianceValue, 5)),
                   GeneralText(Maths::RoundToPlaces(r.StandardDeviation, 5))};
@@ -90,7 +90,7 @@ AveragesAnswer Get_Averages(const AveragesInput &in, AnalysisState &state)
         a.outcome = AveragesAnswer::Outcome::PrecisionReset;
         return a;
     }
-    const auto &cl2 = in.lists.cl2;
+    const auto &cl2 = in.lists.visual;
     if (cl2.empty())
         return messageAnswer(kNoTimesMessage);
     if (cl2.size() < 3)
@@ -102,7 +102,7 @@ AveragesAnswer Get_Averages(const AveragesInput &in, AnalysisState &state)
     data.resize(static_cast<size_t>(n));
     r.SampleSize = n;
 
-    const auto &source = in.check5Visual == 1 ? cl2 : in.lists.CL4;
+    const auto &source = in.visualChosen == 1 ? cl2 : in.lists.audio;
     const PrecisionScale scale = ScaleOfPrecision(in.precisionIndex);
     const long long count = static_cast<long long>(source.size());
     if (count > 0)
@@ -117,7 +117,7 @@ AveragesAnswer Get_Averages(const AveragesInput &in, AnalysisState &state)
     if (count > 0)
         toInt16(count);
 
-    if (in.check1 == 1)
+    if (in.sorted == 1)
         BubbleSort(data);
 
     std::string shown;
@@ -128,8 +128,8 @@ AveragesAnswer Get_Averages(const AveragesInput &in, AnalysisState &state)
     }
 
     AveragesAnswer a;
-    a.t1 = shown + "\r\n";
-    if (in.check1 == 0)
+    a.dataText = shown + "\r\n";
+    if (in.sorted == 0)
         BubbleSort(data);
 
     r.SumOfValues = sum;
@@ -148,7 +148,7 @@ AveragesAnswer Get_Averages(const AveragesInput &in, AnalysisState &state)
     r.UpperOutlierLimit = Maths::UpperOutlierOf(r);
 
     fillTags(r, a);
-    a.l8 = "Sample Size (n) = " + std::to_string(n) + "\n";
+    a.sampleSizeText = "Sample Size (n) = " + std::to_string(n) + "\n";
     a.outcome = AveragesAnswer::Outcome::Analysed;
     return a;
 }
@@ -156,15 +156,15 @@ AveragesAnswer Get_Averages(const AveragesInput &in, AnalysisState &state)
 GroupedAnswer Get_Grouped_Data(const GroupedInput &in, AnalysisState &state)
 {
     GroupedAnswer a;
-    const auto &cl2 = in.lists.cl2;
+    const auto &cl2 = in.lists.visual;
     if (cl2.empty()) {
-        a.t4 = std::string(kNoTimesMessage) + "\r\n";
+        a.dataText = std::string(kNoTimesMessage) + "\r\n";
         return a;
     }
     std::vector<int> &data = state.GroupedData;
     data.resize(cl2.size());
 
-    const auto &source = in.check5Visual == 1 ? cl2 : in.lists.CL4;
+    const auto &source = in.visualChosen == 1 ? cl2 : in.lists.audio;
     const PrecisionScale hundredths = ScaleOfPrecision(0);
     for (size_t i = 0; i < source.size(); ++i) {
         const int value = ScaledItem(source[i], hundredths);
@@ -172,13 +172,13 @@ GroupedAnswer Get_Grouped_Data(const GroupedInput &in, AnalysisState &state)
             raise(ErrSubscript);
         data[i] = value;
     }
-    if (in.check2 == 1)
+    if (in.sorted == 1)
         BubbleSort(data);
 
     std::string shown;
     for (int v : data)
         shown += std::to_string(v) + ", ";
-    a.t4 = shown + "\r\n";
+    a.dataText = shown + "\r\n";
     a.analysed = true;
     return a;
 }
@@ -314,7 +314,7 @@ SpearmanTable Add_SR_Data(const std::vector<int> &visual, const std::vector<int>
         s += c[DSquared];
     }
     t.sumOfDSquared = s;
-    t.ld = GeneralText(s);
+    t.squaredDifferencesText = GeneralText(s);
 
     const double n = static_cast<double>(t.columns.size());
     const double divisor = std::pow(n, 3.0) - n;
@@ -323,29 +323,29 @@ SpearmanTable Add_SR_Data(const std::vector<int> &visual, const std::vector<int>
         raise(numerator == 0 ? ErrOverflow : ErrDivisionByZero);
     t.coefficient = static_cast<float>(1.0 - numerator / divisor);
     results.SpearmanValue = t.coefficient;
-    t.lbSR = "= " + GeneralText(Maths::RoundToPlaces(t.coefficient, 4));
+    t.coefficientText = "= " + GeneralText(Maths::RoundToPlaces(t.coefficient, 4));
     return t;
 }
 
 CompareAnswer Get_Compare_Data(const CollectedLists &lists, AnalysisState &state)
 {
     CompareAnswer a;
-    if (lists.cl2.empty()) {
-        a.text1 = std::string(kNoTimesMessage) + "\r\n";
+    if (lists.visual.empty()) {
+        a.pairsText = std::string(kNoTimesMessage) + "\r\n";
         return a;
     }
-    state.GroupedData = hundredthsOf(lists.cl2);
-    state.AnalysisData = hundredthsOf(lists.CL4);
+    state.GroupedData = hundredthsOf(lists.visual);
+    state.AnalysisData = hundredthsOf(lists.audio);
     const auto &visual = state.GroupedData;
     const auto &audio = state.AnalysisData;
 
-    a.table = reference::Add_SR_Data(visual, audio, static_cast<int>(lists.cl2.size()), state.results);
+    a.table = reference::Add_SR_Data(visual, audio, static_cast<int>(lists.visual.size()), state.results);
 
     std::string text;
     for (size_t i = 0; i < visual.size(); ++i)
         text += "(" + std::to_string(visual[i]) + "," + std::to_string(Maths::At(audio, static_cast<long long>(i))) +
                 "), ";
-    a.text1 = text + "\r\n";
+    a.pairsText = text + "\r\n";
     a.analysed = true;
     return a;
 }

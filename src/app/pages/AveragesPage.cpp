@@ -1,0 +1,270 @@
+#include "app/pages/AveragesPage.h"
+
+#include "app/MainMod1.h"
+#include "app/PlainFailures.h"
+#include "app/pages/DataColumn.h"
+#include "app/pages/PageContext.h"
+#include "app/pages/PageWidgets.h"
+#include "charts/BoxPlots.h"
+#include "charts/PictureBox.h"
+#include "charts/StemAndLeaf.h"
+#include "controls/Check.h"
+#include "controls/DropPanel.h"
+#include "controls/GlossButton.h"
+#include "controls/RowList.h"
+#include "controls/ShapedTabs.h"
+#include "stats/Averages.h"
+
+#include <QLabel>
+#include <QTextEdit>
+
+namespace {
+
+const QString kOutliersText = QStringLiteral(
+    "An outlier is an observation in a data set which is far removed in value from the others in the data set. "
+    "It is an unusually large or an unusually small value compared to the others.\n\n"
+    "An outlier might be the result of an error in measurement, in which case it will distort the "
+    "interpretation of the data, having undue influence on many summary statistics, for example, the mean.\n\n"
+    "If an outlier is a genuine result, it is important because it might indicate an extreme of behaviour of "
+    "the process under study. For this reason, all outliers must be examined carefully before embarking on any "
+    "formal analysis. Outliers should not routinely be removed without further justification.\n\n"
+    "The lower and Upper outlier calculations determine the lowest value and highest value required before a "
+    "data item can be counted as an outlier. The calculation use the formulas:\n\n"
+    "Lower Outlier Calculation = Q1 - (1.5 x IQR) and the Upper Outlier Calculation = Q3 + (1.5 x IQR)");
+
+// A question button swaps its answer in and out of the label beside it.
+void Toggle(QLabel *answer, const QString &text) { answer->setText(answer->text().isEmpty() ? text : QString()); }
+
+} // namespace
+
+AveragesPage::AveragesPage(PageContext &context, zrt::AnalysisState &analysis, DataColumn &column, QWidget *parent,
+                           const QRect &geometry)
+    : PagePanel(parent), m_context(context), m_analysis(analysis), m_column(column)
+{
+    setGeometry(geometry);
+    hide();
+    build();
+    connect(this, &PagePanel::Resize, this, [this] { m_context.guard([this] { layoutPage(); }); });
+}
+
+void AveragesPage::build()
+{
+    Label6 = pages::NewLabel(this, QStringLiteral("Current Data to the nearest "), QRect(10, 12, 170, 20));
+    DD3 = new zrt::DropPanel(this);
+    DD3->setGeometry(180, 10, 110, 22);
+    cl3 = new zrt::RowList(DD3);
+    for (const char *item : zrt::kPrecisionItems)
+        cl3->AddItem(QString::fromLatin1(item));
+    cl3->setBackStyle(1);
+    cl3->resize(DD3->width(), 3 * 16 + 4);
+    DD3->PlaceInBody(cl3);
+    DD3->setTitle(QString::fromLatin1(zrt::kPrecisionItems[0]));
+    Label7 = pages::NewLabel(this, QStringLiteral("of a second"), QRect(298, 12, 100, 20));
+    lbsort = pages::NewLabel(this, QStringLiteral("Sort Data Items:"), QRect(430, 12, 110, 20));
+    Check1 = new zrt::Check(this);
+    Check1->setGeometry(540, 12, 24, 20);
+    t1 = pages::NumbersBox(this, QRect(10, 40, 780, 78));
+    l8 = pages::NewLabel(this, QString(), QRect(10, 122, 300, 22));
+    Tab1 = pages::NewTabs(m_context, this,
+                          {QStringLiteral("Averages Info"), QStringLiteral("Distribution"), QStringLiteral("Box Plot"),
+                           QStringLiteral("Stem & Leaf")},
+                          true, [this](int index) { Tab1_Click(index); });
+    for (auto &frame : F1) {
+        frame = new PagePanel(this);
+        frame->setBackColor(MainMod1::PanelColour);
+    }
+    buildQuestions();
+    buildCharts();
+    connect(cl3, &zrt::RowList::ListIndexChange, this, [this] { m_context.guard([this] { cl3_Click(); }); });
+    connect(Check1, &zrt::Check::Click, this, [this] { m_context.guard([this] { Q_EMIT sortChanged(); }); });
+}
+
+void AveragesPage::buildQuestions()
+{
+    for (int i = 0; i < 9; ++i) {
+        const int y = 8 + i * 32;
+        cmd1[i] = pages::NewButton(m_context, F1[0], QString::fromLatin1(zrt::kCmd1Captions[i]), QRect(12, y, 180, 28),
+                                   [this, i] { Toggle(lb1[i], m_summaryAnswers[i]); });
+        lb1[i] = pages::AnswerLabel(F1[0], QRect(200, y + 2, 200, 24));
+    }
+    cmdshowall = pages::NewButton(m_context, F1[0], QStringLiteral("Show All"), QRect(430, 8, 110, 28), [this] {
+        for (int i = 0; i < 9; ++i)
+            lb1[i]->setText(m_summaryAnswers[i]);
+    });
+    for (int i = 0; i < 4; ++i) {
+        const int y = 8 + i * 36;
+        cmd2[i] = pages::NewButton(m_context, F1[1], QString::fromLatin1(zrt::kCmd2Captions[i]), QRect(12, y, 210, 30),
+                                   [this, i] { Toggle(lb2[i], m_spreadAnswers[i]); });
+        lb2[i] = pages::AnswerLabel(F1[1], QRect(232, y + 3, 200, 24));
+    }
+    cmdSA = pages::NewButton(m_context, F1[1], QStringLiteral("Show All"), QRect(12, 8 + 4 * 36, 110, 28), [this] {
+        for (int i = 0; i < 4; ++i)
+            lb2[i]->setText(m_spreadAnswers[i]);
+    });
+    cmdinfo = pages::NewButton(m_context, F1[1], QStringLiteral("?"), QRect(442, 8, 30, 66),
+                               [this] { ShowOutliersHelp(); });
+}
+
+void AveragesPage::buildCharts()
+{
+    pBox = pages::Surface(F1[2]);
+    cmdBP = pages::NewButton(m_context, pBox, QStringLiteral("Show Box Plot"), QRect(0, 6, 120, 28),
+                             [this] { toggleBoxPlot(); });
+    PicSL = pages::Surface(F1[3]);
+    cmdSL = pages::NewButton(m_context, PicSL, QStringLiteral("Show Leaves"), QRect(0, 6, 110, 28),
+                             [this] { toggleLeaves(); });
+    connect(pBox, &zrt::PictureBox::Resize, this, [this] {
+        m_context.guard([this] {
+            // The button keeps its corner: 90 twips from the top and the right.
+            cmdBP->move(pBox->width() - cmdBP->width() - tw(90), tw(90));
+            if (m_analysis.results.SampleSize != 0)
+                DrawBoxPlot();
+        });
+    });
+    connect(PicSL, &zrt::PictureBox::Resize, this, [this] {
+        m_context.guard([this] {
+            cmdSL->move(PicSL->width() - cmdSL->width() - tw(90), tw(90));
+            if (m_analysis.results.SampleSize != 0)
+                DrawStemLeaf();
+        });
+    });
+}
+
+void AveragesPage::toggleBoxPlot()
+{
+    m_boxPlotShown = !m_boxPlotShown;
+    cmdBP->setCaption(m_boxPlotShown ? QStringLiteral("Hide Box Plot") : QStringLiteral("Show Box Plot"));
+    if (m_analysis.results.SampleSize != 0)
+        DrawBoxPlot();
+}
+
+void AveragesPage::toggleLeaves()
+{
+    m_leavesShown = !m_leavesShown;
+    cmdSL->setCaption(m_leavesShown ? QStringLiteral("Hide Leaves") : QStringLiteral("Show Leaves"));
+    DrawStemLeaf();
+}
+
+void AveragesPage::layoutPage()
+{
+    const QRect frame(0, pages::kTabTop + pages::kTabHeight, width(), height() - pages::kTabTop - pages::kTabHeight);
+    Tab1->resize(width(), pages::kTabHeight);
+    t1->resize(width() - 20, t1->height());
+    for (auto *f : F1)
+        f->setGeometry(frame);
+    pBox->setGeometry(0, 0, frame.width(), frame.height());
+    PicSL->setGeometry(0, 0, frame.width(), frame.height());
+    showTabFrame(Tab1->ActiveTab());
+}
+
+void AveragesPage::showTabFrame(int tab)
+{
+    for (int i = 0; i < 4; ++i)
+        F1[i]->setVisible(i == tab);
+}
+
+void AveragesPage::open()
+{
+    Get_Averages();
+    Tab1_Click(0);
+}
+
+void AveragesPage::refresh()
+{
+    Reset_tags();
+    Get_Averages();
+    if (m_analysis.results.SampleSize == 0)
+        return;
+    if (F1[2]->isVisible())
+        DrawBoxPlot();
+    if (F1[3]->isVisible())
+        DrawStemLeaf();
+}
+
+void AveragesPage::Tab1_Click(int index)
+{
+    Tab1->setActiveTab(index);
+    showTabFrame(index);
+    if (m_analysis.results.SampleSize == 0)
+        return;
+    if (index == 2)
+        DrawBoxPlot();
+    else if (index == 3)
+        DrawStemLeaf();
+}
+
+void AveragesPage::Reset_tags()
+{
+    l8->setText(QString());
+    m_summaryAnswers.fill(QString());
+    m_spreadAnswers.fill(QString());
+    Clear_Displayed_Data();
+}
+
+void AveragesPage::Clear_Displayed_Data()
+{
+    for (auto *label : lb1)
+        label->setText(QString());
+    for (auto *label : lb2)
+        label->setText(QString());
+}
+
+void AveragesPage::cl3_Click()
+{
+    if (cl3->ListIndex() >= 0)
+        DD3->setTitle(cl3->ItemText(cl3->ListIndex()));
+    DD3->Collapse();
+    Get_Averages();
+    // No stale answer may stand against the new units.
+    Clear_Displayed_Data();
+}
+
+void AveragesPage::Get_Averages()
+{
+    const zrt::CollectedLists lists = m_column.collected();
+    const zrt::AveragesInput input{lists, cl3->ListIndex(), Check1->Value(), m_column.visualChosen()};
+    zrt::AveragesAnswer answer;
+    try {
+        answer = zrt::Get_Averages(input, m_analysis);
+    } catch (zrt::RunTimeError &e) {
+        zrt::ExplainListFailure(e, lists, zrt::AnalysisKind::Averages, m_column.visualChosen() != 1);
+        throw;
+    }
+    switch (answer.outcome) {
+    case zrt::AveragesAnswer::Outcome::PrecisionReset:
+        cl3->setListIndex(0); // its click runs the analysis again
+        return;
+    case zrt::AveragesAnswer::Outcome::Message:
+        Reset_tags();
+        t1->setPlainText(QString::fromStdString(answer.dataText).trimmed());
+        return;
+    case zrt::AveragesAnswer::Outcome::Analysed:
+        break;
+    }
+    t1->setPlainText(QString::fromStdString(answer.dataText).trimmed());
+    for (int i = 0; i < 9; ++i)
+        m_summaryAnswers[i] = QString::fromStdString(answer.summaryAnswers[i]);
+    for (int i = 0; i < 4; ++i)
+        m_spreadAnswers[i] = QString::fromStdString(answer.spreadAnswers[i]);
+    l8->setText(QString::fromStdString(answer.sampleSizeText).trimmed());
+}
+
+void AveragesPage::DrawBoxPlot()
+{
+    zrt::DrawBoxPlot(*pBox, m_analysis.AnalysisData, m_analysis.results, cl3->ListIndex(), m_boxPlotShown);
+}
+
+void AveragesPage::DrawStemLeaf()
+{
+    const zrt::CollectedLists lists = m_column.collected();
+    const bool audio = m_column.visualChosen() != 1;
+    try {
+        zrt::DrawStemAndLeaf(*PicSL, audio ? lists.audio : lists.visual, static_cast<int>(lists.visual.size()),
+                             m_leavesShown);
+    } catch (zrt::RunTimeError &e) {
+        zrt::ExplainListFailure(e, lists, zrt::AnalysisKind::Averages, audio);
+        throw;
+    }
+}
+
+void AveragesPage::ShowOutliersHelp() { pages::Explain(kOutliersText, QStringLiteral("Outliers"), window(), 8055, 60); }
