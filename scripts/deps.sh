@@ -7,6 +7,8 @@ packages=(build-essential cmake ninja-build pkg-config
           libgtest-dev libbenchmark-dev
           fonts-liberation xvfb xauth poppler-utils
           libx11-dev libxtst-dev pulseaudio pulseaudio-utils)
+# The .deb's dependency scan and the checks of scripts/package-check.sh.
+packages+=(dpkg-dev desktop-file-utils appstream shared-mime-info)
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

@@ -20,6 +20,7 @@
 #include <QPainter>
 #include <QPoint>
 #include <QPointF>
+#include <QString>
 #include <QWidget>
 
 #include <functional>
@@ -117,6 +118,17 @@ public:
     void Replay(QPainter &painter) const;
     size_t ReplaySteps() const { return m_steps.size(); }
 
+    // --- what the picture says in words, for screen readers: the pages fill it with the answers
+    // the chart shows once they are revealed.
+    QString TextAlternative() const { return m_textAlternative; }
+    void setTextAlternative(const QString &text)
+    {
+        if (text == m_textAlternative)
+            return;
+        m_textAlternative = text;
+        Q_EMIT TextAlternativeChanged();
+    }
+
     // --- what was drawn, for tests: with recording on, the pixel rectangle each device call
     // touches (pen width included) and the letters' box of each label, since the last Cls.
     void SetRecording(bool on) { m_recording = on; }
@@ -138,6 +150,7 @@ public:
 
 Q_SIGNALS:
     void Resize();
+    void TextAlternativeChanged();
     // Button as Qt gives it; x and y in the current ScaleMode.
     void MouseDown(Qt::MouseButton button, Qt::KeyboardModifiers shift, double x, double y);
 
@@ -188,6 +201,7 @@ private:
     bool m_recording = false;
     std::vector<QRect> m_marks;
     std::vector<QRect> m_labelInks;
+    QString m_textAlternative;
 };
 
 } // namespace zrt

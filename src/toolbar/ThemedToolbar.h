@@ -56,6 +56,13 @@ public:
     void DeleteButton(int button);
     void MoveButton(int button, int direction);
     int ButtonCount() const { return static_cast<int>(m_buttons.size()); }
+    // Button i clicked on its face, or with arrow on its drop-down arrow, as the pointer would:
+    // how the keyboard and screen readers press it.
+    void PressButton(int i, bool arrow = false)
+    {
+        const ToolbarButton &b = at(i);
+        ClickButton(i - 1, QPoint(arrow ? b.width : 0, 0));
+    }
 
     QString BtnCaption(int i) const { return at(i).caption; }
     void setBtnCaption(int i, const QString &v) { ChangeBtnProperty(i, FieldCaption, v); }

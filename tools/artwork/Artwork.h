@@ -24,8 +24,9 @@ QImage AudioInvitation(const QString &title = QStringLiteral("Listen!"),
 QImage ToolbarStrip();
 inline constexpr QRgb kToolbarMask = 0xFF00FF00;
 
-// The program's icon, 256 x 256 with transparency.
-QImage ProgramIcon();
+// The program's icon with transparency, 256 x 256 unless drawn for a smaller edge (the
+// smaller sizes of a desktop's icon theme).
+QImage ProgramIcon(int size = 256);
 
 // The four wave files (8-bit mono, 11025 Hz): 1 a chime, 2 the looping cue, 3 the hit,
 // 4 the walker's entrance.

@@ -178,12 +178,13 @@ QImage ToolbarStrip()
     return strip;
 }
 
-QImage ProgramIcon()
+QImage ProgramIcon(int size)
 {
-    QImage img(256, 256, QImage::Format_ARGB32_Premultiplied);
+    QImage img(size, size, QImage::Format_ARGB32_Premultiplied);
     img.fill(Qt::transparent);
     QPainter p(&img);
     p.setRenderHint(QPainter::Antialiasing);
+    p.scale(size / 256.0, size / 256.0);
     // A round, friendly face peeking over a stopwatch rim.
     QRadialGradient body(QPointF(110, 100), 150);
     body.setColorAt(0, QColor(150, 220, 120));

@@ -123,6 +123,10 @@ int WriteAssets(const QString &root)
          ok;
     ok = SaveImage(assets.filePath(QStringLiteral("toolbar.png")), Artwork::ToolbarStrip()) && ok;
     ok = SaveImage(assets.filePath(QStringLiteral("icon.png")), Artwork::ProgramIcon()) && ok;
+    // The smaller icons a desktop's icon theme asks for, each drawn at its own size.
+    QDir().mkpath(assets.filePath(QStringLiteral("icons")));
+    for (int size : {16, 24, 32, 48, 64, 128})
+        ok = SaveImage(assets.filePath(QStringLiteral("icons/icon-%1.png").arg(size)), Artwork::ProgramIcon(size)) && ok;
     for (int n = 1; n <= 4; ++n)
         ok = Save(assets.filePath(QStringLiteral("sound%1.wav").arg(n)), Artwork::Sound(n)) && ok;
     return ok ? 0 : 1;

@@ -2,6 +2,7 @@
 //   zrt_gallery [--screenshot FILE]
 // With --screenshot the page is saved as a picture and the program ends.
 
+#include "access/Accessibility.h"
 #include "anim/ucGifPlayer.h"
 #include "app/MainMod1.h"
 #include "controls/Check.h"
@@ -155,6 +156,8 @@ void AddCharacter(QWidget *page)
 int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
+    // So that a screen reader can be tried on every control at once.
+    zrt::installAccessibility();
     MainMod1::InitColours();
     QWidget page;
     page.setWindowTitle(QStringLiteral("Zorvane Reaction Times: controls"));
