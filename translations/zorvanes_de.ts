@@ -43,6 +43,38 @@
         <translation>Durchschnittliche Reaktionszeit </translation>
     </message>
     <message>
+        <source>Visual: </source>
+        <translation>Visuell: </translation>
+    </message>
+    <message>
+        <source> seconds</source>
+        <translation> Sekunden</translation>
+    </message>
+    <message>
+        <source>This computer has no sound output, so the audio test can&apos;t be run.</source>
+        <translation>Dieser Computer hat keine Tonausgabe, deshalb kann der Hörtest nicht durchgeführt werden.</translation>
+    </message>
+    <message>
+        <source>Connect speakers or headphones and start again, or press Cancel.</source>
+        <translation>Schließe Lautsprecher oder Kopfhörer an und starte neu, oder drücke auf Abbrechen.</translation>
+    </message>
+    <message>
+        <source>No Sound</source>
+        <translation>Kein Ton</translation>
+    </message>
+    <message>
+        <source> Audio: </source>
+        <translation> Auditiv: </translation>
+    </message>
+    <message>
+        <source>Far too slow! please try again.</source>
+        <translation>Viel zu langsam! Bitte versuche es noch einmal.</translation>
+    </message>
+    <message>
+        <source>Audio: </source>
+        <translation>Auditiv: </translation>
+    </message>
+    <message>
         <source>(by space bar)</source>
         <translation>(mit Leertaste)</translation>
     </message>
@@ -865,8 +897,16 @@ Das Programm startet mit seinen eigenen Einstellungen und Tönen und ändert die
         <translation> Sekunden</translation>
     </message>
     <message>
+        <source>Far too slow please try again!</source>
+        <translation>Viel zu langsam, bitte versuche es noch einmal!</translation>
+    </message>
+    <message>
         <source>Respond with the space bar</source>
         <translation>Mit der Leertaste antworten</translation>
+    </message>
+    <message>
+        <source>(by space bar)</source>
+        <translation>(mit Leertaste)</translation>
     </message>
 </context>
 <context>

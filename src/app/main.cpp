@@ -1,3 +1,4 @@
+#include "access/Accessibility.h"
 #include "app/FirstPaintQuits.h"
 #include "app/Language.h"
 #include "app/MainFrm.h"
@@ -11,6 +12,8 @@
 int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
+    // Screen readers find every custom control through its own interface.
+    zrt::installAccessibility();
     QApplication::setApplicationName(QStringLiteral("Zorvane Reaction Times"));
     QApplication::setApplicationVersion(QStringLiteral(ZRT_VERSION));
     InitResources();
