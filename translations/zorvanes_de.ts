@@ -660,6 +660,85 @@ Die gesammelten Daten sind unverändert.</translation>
     </message>
 </context>
 <context>
+    <name>DataFlows</name>
+    <message>
+        <source>You have not collected any reaction times to export!</source>
+        <translation>Du hast noch keine Reaktionszeiten zum Exportieren gesammelt!</translation>
+    </message>
+    <message>
+        <source>No Data</source>
+        <translation>Keine Daten</translation>
+    </message>
+    <message>
+        <source>The file %1 could not be written (%2).</source>
+        <translation>Die Datei %1 konnte nicht geschrieben werden (%2).</translation>
+    </message>
+    <message>
+        <source>Not Exported</source>
+        <translation>Nicht exportiert</translation>
+    </message>
+    <message>
+        <source>You have Collected Data that has not yet been saved!</source>
+        <translation>Du hast gesammelte Daten, die noch nicht gespeichert sind!</translation>
+    </message>
+    <message>
+        <source>Importing a file will remove this data</source>
+        <translation>Beim Importieren einer Datei gehen diese Daten verloren</translation>
+    </message>
+    <message>
+        <source>Do you wish to continue?</source>
+        <translation>Möchtest du fortfahren?</translation>
+    </message>
+    <message>
+        <source>Import a file</source>
+        <translation>Datei importieren</translation>
+    </message>
+    <message>
+        <source>Nothing was imported from %1:</source>
+        <translation>Aus %1 wurde nichts importiert:</translation>
+    </message>
+    <message>
+        <source>Add a class file</source>
+        <translation>Klassendatei hinzufügen</translation>
+    </message>
+    <message>
+        <source>Averages</source>
+        <translation>Mittelwerte</translation>
+    </message>
+    <message>
+        <source>Grouped Data</source>
+        <translation>Klassierte Daten</translation>
+    </message>
+    <message>
+        <source>Compare visual and audio</source>
+        <translation>Visuell und akustisch vergleichen</translation>
+    </message>
+    <message>
+        <source>Open the Averages, Groups or Compare page to print its worksheet.</source>
+        <translation>Öffne die Seite Mittelwerte, Klassen oder Vergleich, um ihr Arbeitsblatt zu drucken.</translation>
+    </message>
+    <message>
+        <source>Worksheet</source>
+        <translation>Arbeitsblatt</translation>
+    </message>
+    <message>
+        <source>Leave the hidden answers blank, for pupils to fill in?</source>
+        <translation>Die verdeckten Antworten für die Schüler zum Ausfüllen leer lassen?</translation>
+    </message>
+    <message>
+        <source>The worksheet was not printed (%1).</source>
+        <translation>Das Arbeitsblatt wurde nicht gedruckt (%1).</translation>
+    </message>
+    <message>
+        <source>PDF document (*.pdf)</source>
+        <translation>PDF-Dokument (*.pdf)</translation>
+    </message>
+    <message>
+        <source> Save the worksheet as:</source>
+        <translation> Das Arbeitsblatt speichern unter:</translation>
+    </message>
+</context>
+<context>
     <name>EstimatedMeanTable</name>
     <message>
         <source>Time (t)</source>
@@ -796,6 +875,30 @@ Sie gilt bis zum Ende des Programms.</translation>
     <message>
         <source>Settings Not Saved</source>
         <translation>Einstellungen nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>Data</source>
+        <translation>Daten</translation>
+    </message>
+    <message>
+        <source>Export to CSV...	Ctrl+E</source>
+        <translation>Als CSV exportieren...	Strg+E</translation>
+    </message>
+    <message>
+        <source>Import from CSV...</source>
+        <translation>Aus CSV importieren...</translation>
+    </message>
+    <message>
+        <source>Add a Class File...</source>
+        <translation>Klassendatei hinzufügen...</translation>
+    </message>
+    <message>
+        <source>Print Worksheet...	Ctrl+P</source>
+        <translation>Arbeitsblatt drucken...	Strg+P</translation>
+    </message>
+    <message>
+        <source>Save Worksheet as PDF...</source>
+        <translation>Arbeitsblatt als PDF speichern...</translation>
     </message>
 </context>
 <context>

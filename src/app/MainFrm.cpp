@@ -3,6 +3,7 @@
 
 #include "app/MainFrm.h"
 
+#include "app/DataFlows.h"
 #include "app/MainMod1.h"
 #include "app/PagePanel.h"
 #include "charts/ChartPictures.h"
@@ -38,6 +39,9 @@ constexpr int kLeftColumnWidthTw = 2595;
 // The toolbar's check buttons of the pages, by their place on the bar.
 constexpr int kRecordButton = 5;
 constexpr int ButtonOf(Page page) { return page == Page::Record ? kRecordButton : 6 + static_cast<int>(page); }
+// The menu's items: About, then the "Data" group.
+constexpr int kMenuExport = 2, kMenuImport = 3, kMenuAddClass = 4, kMenuPrint = 5, kMenuPdf = 6;
+
 // The settings file's key of the space bar setting.
 constexpr const char *kSpaceBarKey = "SpaceBar";
 
@@ -129,6 +133,9 @@ void MainFrm::buildPages()
     groups = new GroupsPage(m_context, analysis, *P2, m_client, page);
     compare = new ComparePage(m_context, analysis, *P2, m_client, page);
     p4 = {averages, groups, compare};
+    m_flows = new DataFlows(this, {P2, P3, averages, groups, compare});
+    connect(m_flows, &DataFlows::listsReplaced, this,
+            [this](const zrt::CollectedLists &lists, bool paired, bool saved) { showCollected(lists, paired, saved); });
 
     // The space bar setting is the pupil's own and is kept in the settings file.
     P3->setRespondWithSpace(REGbas1::ReadIniString("Settings", kSpaceBarKey, "0", 255,
@@ -181,6 +188,13 @@ void MainFrm::buildToolbar()
     }
     ThemedToolbar1->setcMenuItemTitle(tr("Information"));
     ThemedToolbar1->setcMenuItem(1, tr("About"));
+    // The class's data in and out of the window.
+    ThemedToolbar1->setcMenuGroupTitle(kMenuExport, tr("Data"));
+    ThemedToolbar1->setcMenuItem(kMenuExport, tr("Export to CSV...\tCtrl+E"));
+    ThemedToolbar1->setcMenuItem(kMenuImport, tr("Import from CSV..."));
+    ThemedToolbar1->setcMenuItem(kMenuAddClass, tr("Add a Class File..."));
+    ThemedToolbar1->setcMenuItem(kMenuPrint, tr("Print Worksheet...\tCtrl+P"));
+    ThemedToolbar1->setcMenuItem(kMenuPdf, tr("Save Worksheet as PDF..."));
     ThemedToolbar1->setBtnValue(kRecordButton, true);
     ThemedToolbar1->setThemeColor(3);
     ThemedToolbar1->setVisible(true);
@@ -191,10 +205,7 @@ void MainFrm::buildToolbar()
     ThemedToolbar1->move(0, 0);
     connect(ThemedToolbar1, &ThemedToolbar::ButtonClick, this,
             [this](int, const QString &key, const QString &) { guarded([this, key] { ToolbarButtonClick(key); }); });
-    connect(ThemedToolbar1, &ThemedToolbar::MenuClick, this, [this](int item) {
-        if (item == 1)
-            zrt::AboutFrm::ShowAbout(QStringLiteral(ZRT_VERSION), this);
-    });
+    connect(ThemedToolbar1, &ThemedToolbar::MenuClick, this, [this](int item) { guarded([this, item] { menuClick(item); }); });
 }
 
 void MainFrm::buildShortcuts()
@@ -228,6 +239,12 @@ void MainFrm::buildShortcuts()
                         menu->Run(zrt::ChartPictureMenu::Copy);
         }
     });
+    const std::pair<QKeySequence, int> menuKeys[] = {{QKeySequence(Qt::CTRL | Qt::Key_E), kMenuExport},
+                                                     {QKeySequence(Qt::CTRL | Qt::Key_P), kMenuPrint}};
+    for (const auto &[sequence, item] : menuKeys) {
+        auto *shortcut = new QShortcut(sequence, this);
+        connect(shortcut, &QShortcut::activated, this, [this, item = item] { guarded([this, item] { menuClick(item); }); });
+    }
     auto *about = new QShortcut(QKeySequence(Qt::Key_F1), this);
     connect(about, &QShortcut::activated, this, [this] { zrt::AboutFrm::ShowAbout(QStringLiteral(ZRT_VERSION), this); });
 }
@@ -238,6 +255,34 @@ void MainFrm::choosePage(Page page)
         return;
     static const char *const keys[] = {"Record", "Averages", "Groups", "Compare"};
     ClickToolbarButton(QString::fromLatin1(keys[static_cast<int>(page)]));
+}
+
+void MainFrm::menuClick(int item)
+{
+    switch (item) {
+    case 1: zrt::AboutFrm::ShowAbout(QStringLiteral(ZRT_VERSION), this); break;
+    case kMenuExport: m_flows->exportCsv(); break;
+    case kMenuImport: m_flows->importCsv(); break;
+    case kMenuAddClass: m_flows->addClassFile(); break;
+    case kMenuPrint: m_flows->worksheet(false); break;
+    case kMenuPdf: m_flows->worksheet(true); break;
+    default: break;
+    }
+}
+
+void MainFrm::showCollected(const zrt::CollectedLists &lists, bool paired, bool saved)
+{
+    // As an opened file is shown: the lists, the pair setting, the count, then the analysis.
+    zrt::RtdContent content;
+    content.sample = paired ? 1 : 0;
+    content.lists = lists;
+    P2->Clear();
+    P3->Check4->setValue(paired ? 1 : 0);
+    P2->showOpened(content);
+    P2->DataSaved = saved;
+    P3->Settings_Enabled(false);
+    P2->SetDataCount();
+    Refresh_Data();
 }
 
 // ---------------------------------------------------------------- resize rule

@@ -62,6 +62,8 @@ public:
     void ToolbarButtonClick(const QString &key);
     void ClickToolbarButton(const QString &key); // a press on the bar's button of that key
     bool pageChosen(Page page) const;
+    // The class's data in and out: CSV, class files, worksheets.
+    class DataFlows *flows() const { return m_flows; }
     // The page's key (Ctrl+1..4): as a press on its button, unless the page is shown already.
     void choosePage(Page page);
     void Stop_All_Timers();
@@ -89,6 +91,8 @@ private:
     void buildShortcuts();
     void buildPages();
     void showOpenedFile(const zrt::OpenedFile &opened);
+    void showCollected(const zrt::CollectedLists &lists, bool paired, bool saved);
+    void menuClick(int item);
     void Form_Resize();
     void showRecordPage();
     void showAnalysisPage(Page page);
@@ -99,4 +103,5 @@ private:
 
     QWidget *m_client = nullptr;
     PageContext m_context;
+    class DataFlows *m_flows = nullptr;
 };

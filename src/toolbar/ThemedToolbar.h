@@ -142,6 +142,8 @@ public:
     void setcMenuItem(int n, const QString &text);
     QString cMenuItemTitle() const { return m_menuTitle; }
     void setcMenuItemTitle(const QString &text);
+    // A heading above menu item n that starts a group of its own.
+    void setcMenuGroupTitle(int n, const QString &text);
     ToolbarMenu *Menu() const { return m_menu; }
     void ShowMenu(const QPoint &globalPos);
     void ShowChevron();

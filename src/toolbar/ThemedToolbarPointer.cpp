@@ -181,6 +181,11 @@ void ThemedToolbar::setcMenuItem(int n, const QString &text)
     RefreshMenu();
 }
 
+void ThemedToolbar::setcMenuGroupTitle(int n, const QString &text)
+{
+    m_menu->setGroupTitle(n, text);
+}
+
 void ThemedToolbar::setcMenuItemTitle(const QString &text)
 {
     m_menuTitle = text;

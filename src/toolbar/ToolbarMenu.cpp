@@ -43,12 +43,20 @@ void ToolbarMenu::Rebuild(const QString &title, const std::array<QString, ItemCo
         AddSchemes(language, themeColor);
 }
 
+void ToolbarMenu::setGroupTitle(int n, const QString &title)
+{
+    if (n >= 1 && n <= ItemCount)
+        m_groupTitles[static_cast<std::size_t>(n - 1)] = title;
+}
+
 void ToolbarMenu::AddItems(const std::array<QString, ItemCount> &items)
 {
     for (int n = 1; n <= ItemCount; ++n) {
         const QString &text = items[static_cast<std::size_t>(n - 1)];
         if (text.isEmpty())
             continue;
+        if (!m_groupTitles[static_cast<std::size_t>(n - 1)].isEmpty())
+            addSection(m_groupTitles[static_cast<std::size_t>(n - 1)]);
         QAction *action = addAction(text);
         connect(action, &QAction::triggered, this, [this, n] { Q_EMIT ItemClicked(n); });
         m_items[static_cast<std::size_t>(n - 1)] = action;

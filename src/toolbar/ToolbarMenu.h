@@ -19,6 +19,8 @@ public:
 
     // Builds the menu anew: the title, the non-empty items, then the schemes with the current
     // one checked when showColor is on.
+    // A heading shown above item n, starting a group of its own; an empty title removes it.
+    void setGroupTitle(int n, const QString &title);
     void Rebuild(const QString &title, const std::array<QString, ItemCount> &items, int language,
                  bool showColor, int themeColor);
 
@@ -40,6 +42,7 @@ private:
     void AddSchemes(int language, int themeColor);
 
     std::array<QAction *, ItemCount> m_items{};
+    std::array<QString, ItemCount> m_groupTitles{};
     std::array<QAction *, 6> m_schemes{};
 };
 
