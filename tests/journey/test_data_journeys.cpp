@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QProcess>
 #include <QThread>
 #include <gtest/gtest.h>
 
@@ -115,4 +116,75 @@ TEST(DataJourney, FortyPairsScrollAsOneTable)
         if (name == QLatin1String("cl2"))
             p.shot(QStringLiteral("forty_pairs_scrolled"));
     }
+}
+
+// The class's data out and back in through the real window and its real dialogs: CSV export
+// by Ctrl+E, import from the toolbar menu's Data group, and the Averages worksheet as a PDF.
+TEST(DataJourney, ExportImportAndWorksheetThroughTheMenu)
+{
+    Program p;
+    ASSERT_TRUE(p.started());
+    ASSERT_TRUE(WriteClass(p.documents() + QStringLiteral("/class1.rtd")));
+    ASSERT_TRUE(p.openByKeys(p.documents() + QStringLiteral("/class1.rtd")));
+    ASSERT_TRUE(p.waitUntil([&] { return p.lines(QStringLiteral("cl2")) == 20; }));
+
+    p.moveTo(p.control(QStringLiteral("Label4")).centre());
+    p.focusMainWindow();
+    p.chord("Control_L", "e");
+    ASSERT_TRUE(p.waitUntil([&] { return p.modalShown(); })) << "no export dialog";
+    p.type(p.documents() + QStringLiteral("/class1"));
+    p.key("Return");
+    const QString csv = p.documents() + QStringLiteral("/class1.csv");
+    ASSERT_TRUE(p.waitUntil([&] { return QFileInfo::exists(csv); }));
+    QFile exported(csv);
+    ASSERT_TRUE(exported.open(QIODevice::ReadOnly));
+    const QByteArray text = exported.readAll();
+    EXPECT_TRUE(text.startsWith("visual,audio\n")) << text.constData();
+    EXPECT_EQ(text.count('\n'), 21);
+
+    p.click(p.toolbarButton(QStringLiteral("Clear")));
+    ASSERT_TRUE(p.waitUntil([&] { return p.lines(QStringLiteral("cl2")) == 0; }));
+    // The menu from the bar's end, then its fourth entry (About, Export, Import) by keys.
+    const Control end = p.control(QStringLiteral("PicRight"));
+    ASSERT_TRUE(end.found);
+    p.click(end.rect.center() + QPoint(0, end.rect.height() / 4));
+    ASSERT_TRUE(p.waitUntil([&] { return p.modalShown(); })) << "no menu";
+    p.shot(QStringLiteral("menu_data_group"));
+    p.key("Down");
+    p.key("Down");
+    p.key("Down");
+    p.key("Return");
+    ASSERT_TRUE(p.waitUntil([&] { return p.ask(QStringLiteral("modal")).contains(QLatin1String("import")); }))
+        << qPrintable(p.ask(QStringLiteral("modal")));
+    p.type(csv);
+    p.key("Return");
+    ASSERT_TRUE(p.waitUntil([&] { return p.lines(QStringLiteral("cl2")) == 20 && p.lines(QStringLiteral("CL4")) == 20; }));
+
+    // The Averages page's worksheet, hidden answers left blank, as a PDF.
+    p.click(p.toolbarButton(QStringLiteral("Averages")));
+    ASSERT_TRUE(p.waitUntil([&] { return p.control(QStringLiteral("p4_0")).visible; }));
+    p.click(QStringLiteral("cmd1_3"));
+    p.click(end.rect.center() + QPoint(0, end.rect.height() / 4));
+    ASSERT_TRUE(p.waitUntil([&] { return p.modalShown(); }));
+    for (int i = 0; i < 6; ++i) // About, Export, Import, Add, Print, then Save as PDF
+        p.key("Down");
+    p.key("Return");
+    QString box;
+    ASSERT_TRUE(p.waitUntil([&] { return (box = p.ask(QStringLiteral("modal"))).endsWith(QLatin1String("Worksheet")); }))
+        << qPrintable(box);
+    p.key("Return"); // Yes: blanks for the pupils
+    ASSERT_TRUE(p.waitUntil([&] { return p.ask(QStringLiteral("modal")).contains(QLatin1String("worksheet")); }))
+        << qPrintable(p.ask(QStringLiteral("modal")));
+    p.type(p.documents() + QStringLiteral("/sheet"));
+    p.key("Return");
+    const QString pdf = p.documents() + QStringLiteral("/sheet.pdf");
+    ASSERT_TRUE(p.waitUntil([&] { return QFileInfo(pdf).size() > 0; }, 10000));
+    QProcess toText;
+    toText.start(QStringLiteral("pdftotext"), {pdf, QStringLiteral("-")});
+    if (!toText.waitForFinished(10000))
+        GTEST_SKIP() << "pdftotext is not there to read the worksheet";
+    const QString words = QString::fromUtf8(toText.readAllStandardOutput());
+    EXPECT_TRUE(words.contains(QLatin1String("Averages"))) << qPrintable(words);
+    EXPECT_TRUE(words.contains(QLatin1String("Mean"))) << qPrintable(words);
+    EXPECT_TRUE(words.contains(p.text(QStringLiteral("lb1_3")))) << qPrintable(words);
 }
