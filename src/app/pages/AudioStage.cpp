@@ -22,15 +22,10 @@
 
 namespace {
 
-constexpr int kRunTop = 400;
-constexpr int kVerdictTop = 432;
-constexpr int kListLeft = 8;
-constexpr int kListTop = 420;
-constexpr int kListWidth = 130;
-constexpr int kStartWidth = 110;
-constexpr int kButtonHeight = 30;
+using namespace pages;
+
+// The verdict holds both means and may run wider than the visual one.
 constexpr int kVerdictWidth = 380;
-constexpr int kGap = 8;
 
 // Every sound plays, whatever the settings file says of sound.
 void Play(int buffer, int flags)
@@ -211,8 +206,7 @@ void AudioStage::ucgif_MouseDown()
     const int attempt = run.record(zrt::Sense::Audio, mStopWatch::SwElapsed(m_record.RunStopwatch));
     SoundBas::SoundPlayer::instance().StopSound();
     m_cueSounding = false;
-    cl5->AddItem(QString::number(attempt) + QStringLiteral(")    ") +
-                 QString::fromStdString(zrt::GeneralText(run.times(zrt::Sense::Audio)[static_cast<size_t>(attempt)])));
+    cl5->AddItem(AttemptLine(attempt, run.times(zrt::Sense::Audio)[static_cast<size_t>(attempt)]));
     if (run.moreWanted(m_record.AttemptsWanted())) {
         StartAudioDelay();
         m_context.chance.Randomize();

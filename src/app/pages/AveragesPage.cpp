@@ -154,7 +154,7 @@ void AveragesPage::toggleLeaves()
 
 void AveragesPage::layoutPage()
 {
-    const QRect frame(0, pages::kTabTop + pages::kTabHeight, width(), height() - pages::kTabTop - pages::kTabHeight);
+    const QRect frame = pages::TabFrameRect(this);
     Tab1->resize(width(), pages::kTabHeight);
     t1->resize(width() - 20, t1->height());
     for (auto *f : F1)
@@ -164,11 +164,7 @@ void AveragesPage::layoutPage()
     showTabFrame(Tab1->ActiveTab());
 }
 
-void AveragesPage::showTabFrame(int tab)
-{
-    for (int i = 0; i < 4; ++i)
-        F1[i]->setVisible(i == tab);
-}
+void AveragesPage::showTabFrame(int tab) { pages::ShowTabFrame(F1, tab); }
 
 void AveragesPage::open()
 {

@@ -124,7 +124,7 @@ void ComparePage::buildBoxPlotsTab()
 
 void ComparePage::layoutPage()
 {
-    const QRect frame(0, pages::kTabTop + pages::kTabHeight, width(), height() - pages::kTabTop - pages::kTabHeight);
+    const QRect frame = pages::TabFrameRect(this);
     ShapedTabs1->resize(width(), pages::kTabHeight);
     Text1->resize(width() - 20, Text1->height());
     for (auto *surface : pFR)
@@ -153,11 +153,7 @@ void ComparePage::layoutRankTab()
         DrawCorrelationScale();
 }
 
-void ComparePage::showTabFrame(int tab)
-{
-    for (int i = 0; i < 3; ++i)
-        pFR[i]->setVisible(i == tab);
-}
+void ComparePage::showTabFrame(int tab) { pages::ShowTabFrame(pFR, tab); }
 
 void ComparePage::open()
 {

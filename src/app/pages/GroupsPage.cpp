@@ -149,7 +149,7 @@ void GroupsPage::keepChartsOnResize()
 
 void GroupsPage::layoutPage()
 {
-    const QRect frame(0, pages::kTabTop + pages::kTabHeight, width(), height() - pages::kTabTop - pages::kTabHeight);
+    const QRect frame = pages::TabFrameRect(this);
     Tab2->resize(width(), pages::kTabHeight);
     t4->resize(width() - 20, t4->height());
     for (auto *f : f2)
@@ -159,11 +159,7 @@ void GroupsPage::layoutPage()
     showTabFrame(Tab2->ActiveTab());
 }
 
-void GroupsPage::showTabFrame(int tab)
-{
-    for (int i = 0; i < 4; ++i)
-        f2[i]->setVisible(i == tab);
-}
+void GroupsPage::showTabFrame(int tab) { pages::ShowTabFrame(f2, tab); }
 
 void GroupsPage::open()
 {

@@ -4,6 +4,7 @@
 #include "app/MainMod1.h"
 #include "app/pages/PageContext.h"
 #include "charts/PictureBox.h"
+#include "common/NumberText.h"
 #include "controls/GlossButton.h"
 #include "controls/ShapedTabs.h"
 #include "dialogs/MsgBoxes.h"
@@ -56,6 +57,16 @@ zrt::GlossButton *NewButton(const PageContext &context, QWidget *parent, const Q
     QObject::connect(button, &zrt::GlossButton::Click, parent,
                      [&context, onClick] { context.guard(onClick); });
     return button;
+}
+
+QString AttemptLine(int count, float seconds)
+{
+    return QString::number(count) + QStringLiteral(")    ") + QString::fromStdString(zrt::GeneralText(seconds));
+}
+
+QRect TabFrameRect(const QWidget *page)
+{
+    return QRect(0, kTabTop + kTabHeight, page->width(), page->height() - kTabTop - kTabHeight);
 }
 
 zrt::ShapedTabs *NewTabs(const PageContext &context, QWidget *page, const QStringList &captions, bool darkDisabled,

@@ -32,10 +32,32 @@ zrt::PictureBox *Surface(QWidget *parent);
 zrt::GlossButton *NewButton(const PageContext &context, QWidget *parent, const QString &caption,
                             const QRect &geometry, std::function<void()> onClick);
 
+// The band under the stage of the Record page and the audio stage, in pixels: the list of times
+// on the left, the run's Start, verdict and result buttons in the middle.
+inline constexpr int kRunTop = 400;
+inline constexpr int kVerdictTop = 432;
+inline constexpr int kListLeft = 8;
+inline constexpr int kListTop = 420;
+inline constexpr int kListWidth = 130;
+inline constexpr int kStartWidth = 110;
+inline constexpr int kButtonHeight = 30;
+inline constexpr int kGap = 8;
+
 // Where the tab strip stands on an analysis page, and its height.
 inline constexpr int kTabTop = 150;
 inline constexpr int kTabHeight = 26;
 // The page's tab strip: `captions` in order; a press selects the tab and runs `onClick`.
+// A line of a run's list: "3)    0.3441872", the count, a bracket, four blanks and the time.
+QString AttemptLine(int count, float seconds);
+// The room under an analysis page's tab strip, where its tab frames stand.
+QRect TabFrameRect(const QWidget *page);
+// Shows the frame of the chosen tab and hides the others.
+template <typename Frames>
+void ShowTabFrame(const Frames &frames, int tab)
+{
+    for (size_t i = 0; i < frames.size(); ++i)
+        frames[i]->setVisible(static_cast<int>(i) == tab);
+}
 zrt::ShapedTabs *NewTabs(const PageContext &context, QWidget *page, const QStringList &captions, bool darkDisabled,
                          std::function<void(int)> onClick);
 

@@ -22,31 +22,19 @@
 
 namespace {
 
+using namespace pages;
+
 // Design height of the page, in pixels.
 constexpr int kPageHeight = 8400 / 15;
 
-// The band under the stage, in pixels: the list of times on the left, the run's buttons and
-// verdict in the middle, the settings on the right.
-constexpr int kRunTop = 400;
-constexpr int kVerdictTop = 432;
-constexpr int kListLeft = 8;
-constexpr int kListTop = 420;
-constexpr int kListWidth = 130;
-constexpr int kStartWidth = 110;
+// The band under the stage also holds the settings on the right.
 constexpr int kResultButtonWidth = 104;
-constexpr int kButtonHeight = 30;
 constexpr int kVerdictWidth = 300;
-constexpr int kGap = 8;
 constexpr int kSettingsTop = 398;
 constexpr int kSettingsMargin = 4;
 constexpr int kSettingsRowHeight = 24;
 constexpr int kSettingsListWidth = 60;
 
-// "3)    0.3441872": the count, a bracket, four blanks and the time as a single.
-QString AttemptLine(int count, float seconds)
-{
-    return QString::number(count) + QStringLiteral(")    ") + QString::fromStdString(zrt::GeneralText(seconds));
-}
 
 } // namespace
 
