@@ -73,7 +73,21 @@ void MainFrm::nameControls()
     NameArray(P3->ucGifPlayer1, QStringLiteral("ucGifPlayer1"));
     Name(P5->ucgif, QStringLiteral("ucgif"));
     Name(P5->ucGifPlayer2, QStringLiteral("ucGifPlayer2"));
+}
 
+// An analysis page makes its controls when first opened; they are named then.
+void MainFrm::namePageControls(Page page)
+{
+    if (page == Page::Averages)
+        nameAveragesControls();
+    else if (page == Page::Groups)
+        nameGroupsControls();
+    else if (page == Page::Compare)
+        nameCompareControls();
+}
+
+void MainFrm::nameAveragesControls()
+{
     Name(averages->Tab1, QStringLiteral("Tab1"));
     NameArray(averages->F1, QStringLiteral("F1"));
     Name(averages->Label6, QStringLiteral("Label6"));
@@ -95,7 +109,10 @@ void MainFrm::nameControls()
     Name(averages->PicSL, QStringLiteral("PicSL"));
     Name(averages->cmdBP, QStringLiteral("cmdBP"));
     Name(averages->cmdSL, QStringLiteral("cmdSL"));
+}
 
+void MainFrm::nameGroupsControls()
+{
     Name(groups->Tab2, QStringLiteral("Tab2"));
     NameArray(groups->f2, QStringLiteral("f2"));
     Name(groups->Label8, QStringLiteral("Label8"));
@@ -111,7 +128,10 @@ void MainFrm::nameControls()
     Name(groups->cmdR, QStringLiteral("cmdR"));
     Name(groups->cmdCF, QStringLiteral("cmdCF"));
     Name(groups->cmdPlot, QStringLiteral("cmdPlot"));
+}
 
+void MainFrm::nameCompareControls()
+{
     Name(compare->ShapedTabs1, QStringLiteral("ShapedTabs1"));
     NameArray(compare->pFR, QStringLiteral("pFR"));
     Name(compare->Label9, QStringLiteral("Label9"));

@@ -84,7 +84,6 @@ void MainFrm::Form_Load()
     buildToolbarStrip();
     buildPages();
 
-    averages->cl3->setListIndex(0);
     // The two settings lists: 1..5 characters, 4..10 attempts.
     P3->List1->setListIndex(2);
     P3->List2->setListIndex(0);
@@ -133,6 +132,8 @@ void MainFrm::buildPages()
     groups = new GroupsPage(m_context, analysis, *P2, m_client, page);
     compare = new ComparePage(m_context, analysis, *P2, m_client, page);
     p4 = {averages, groups, compare};
+    for (size_t i = 0; i < p4.size(); ++i)
+        connect(p4[i], &DeferredPage::built, this, [this, i] { namePageControls(kAnalysisPages[i]); });
     m_flows = new DataFlows(this, {P2, P3, averages, groups, compare});
     connect(m_flows, &DataFlows::listsReplaced, this,
             [this](const zrt::CollectedLists &lists, bool paired, bool saved) { showCollected(lists, paired, saved); });

@@ -21,6 +21,7 @@
 #include <functional>
 
 class PagePanel;
+class DeferredPage;
 namespace zrt {
 class ThemedToolbar;
 } // namespace zrt
@@ -56,7 +57,7 @@ public:
     AveragesPage *averages = nullptr;
     GroupsPage *groups = nullptr;
     ComparePage *compare = nullptr;
-    std::array<PagePanel *, 3> p4{}; // the three analysis pages
+    std::array<DeferredPage *, 3> p4{}; // the three analysis pages
 
     // ---- Toolbar and pages ----
     void ToolbarButtonClick(const QString &key);
@@ -86,6 +87,10 @@ protected:
 private:
     void Form_Load();
     void nameControls();
+    void namePageControls(Page page);
+    void nameAveragesControls();
+    void nameGroupsControls();
+    void nameCompareControls();
     void buildToolbarStrip();
     void buildToolbar();
     void buildShortcuts();

@@ -9,6 +9,20 @@
 #include <QIcon>
 #include <QMessageBox>
 
+namespace {
+
+// The sizes a title bar, a task bar and a window switcher ask for. The large icon of the desktop
+// entry comes with the package; decoding it here would only slow the start.
+QIcon ProgramIcon()
+{
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128})
+        icon.addFile(QStringLiteral(":/images/icon-%1.png").arg(size), QSize(size, size));
+    return icon;
+}
+
+} // namespace
+
 int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
@@ -17,7 +31,7 @@ int main(int argc, char *argv[])
     QApplication::setApplicationName(QStringLiteral("Zorvane Reaction Times"));
     QApplication::setApplicationVersion(QStringLiteral(ZRT_VERSION));
     InitResources();
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/images/icon.png")));
+    QApplication::setWindowIcon(ProgramIcon());
     Language::installLanguage(app);
 
     const bool ready = MainMod1::Startup(MainMod1::GetSpecialFolderPath(), [](const QString &caption,

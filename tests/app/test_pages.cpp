@@ -171,3 +171,43 @@ TEST_F(PagesTest, FailuresEndTheOperationAndTheWindowGoesOn)
     EXPECT_THROW(window->compare->Get_Compare_Data(), zrt::RunTimeError);
     EXPECT_EQ(window->P2->cl2->ListCount(), 1);
 }
+
+TEST_F(PagesTest, AnalysisPagesAreMadeWhenFirstOpenedAndWorkAsIfMadeAtStart)
+{
+    // A window as the program makes it: the analysis pages have no controls yet.
+    window = std::make_unique<MainFrm>(nullptr, true);
+    window->resize(1100, 760);
+    window->show();
+    for (auto *page : window->p4)
+        EXPECT_FALSE(page->isBuilt());
+    EXPECT_EQ(window->averages->cmd1[0], nullptr);
+    EXPECT_EQ(window->findChild<QWidget *>("cmd1_0"), nullptr);
+
+    // Clear and a data change reach the pages that do not exist yet without harm.
+    window->ClickToolbarButton("Clear");
+    Six();
+    window->resize(1200, 800); // the page is made in the size of its day, not of the start
+    QCoreApplication::processEvents();
+    said.clear();
+
+    window->ClickToolbarButton("Averages");
+    auto &a = *window->averages;
+    ASSERT_TRUE(a.isBuilt());
+    EXPECT_FALSE(window->groups->isBuilt()) << "only the page opened is made";
+    EXPECT_TRUE(a.isVisible());
+    EXPECT_EQ(window->findChild<QWidget *>("cmd1_0"), a.cmd1[0]) << "its controls carry their names";
+    EXPECT_TRUE(a.cmd1[0]->isVisible());
+    EXPECT_EQ(a.Tab1->width(), a.width());
+    EXPECT_EQ(a.DD3->Title(), "1/100 th");
+    EXPECT_EQ(a.cl3->ListIndex(), 0);
+    EXPECT_EQ(a.t1->toPlainText(), "23, 27, 31, 25, 29, 33,");
+    QTest::mouseClick(a.cmd1[3], Qt::LeftButton);
+    EXPECT_EQ(a.lb1[3]->text(), "28");
+    EXPECT_TRUE(said.empty()) << "opening a page made late says nothing the early one did not";
+
+    // The keys for the pages open the others the same way.
+    window->choosePage(Page::Compare);
+    EXPECT_TRUE(window->compare->isBuilt());
+    EXPECT_TRUE(window->compare->isVisible());
+    EXPECT_EQ(window->findChild<QWidget *>("cmdSG"), window->compare->cmdSG);
+}

@@ -19,6 +19,7 @@
 
 #include <QCoreApplication>
 #include <QLabel>
+#include <QSignalBlocker>
 #include <QTextEdit>
 
 namespace {
@@ -43,12 +44,22 @@ void Toggle(QLabel *answer, const QString &text) { answer->setText(answer->text(
 
 AveragesPage::AveragesPage(PageContext &context, zrt::AnalysisState &analysis, DataColumn &column, QWidget *parent,
                            const QRect &geometry)
-    : PagePanel(parent), m_context(context), m_analysis(analysis), m_column(column)
+    : DeferredPage(parent), m_context(context), m_analysis(analysis), m_column(column)
 {
     setGeometry(geometry);
     hide();
+}
+
+void AveragesPage::buildControls()
+{
     build();
+    // The first precision, chosen quietly: opening the page runs the analysis.
+    {
+        const QSignalBlocker quiet(cl3);
+        cl3->setListIndex(0);
+    }
     connect(this, &PagePanel::Resize, this, [this] { m_context.guard([this] { layoutPage(); }); });
+    layoutPage();
 }
 
 void AveragesPage::build()
@@ -168,12 +179,15 @@ void AveragesPage::showTabFrame(int tab) { pages::ShowTabFrame(F1, tab); }
 
 void AveragesPage::open()
 {
+    ensureBuilt();
     Get_Averages();
     Tab1_Click(0);
 }
 
 void AveragesPage::refresh()
 {
+    if (!isBuilt())
+        return;
     Reset_tags();
     Get_Averages();
     if (m_analysis.results.SampleSize == 0)
@@ -198,9 +212,11 @@ void AveragesPage::Tab1_Click(int index)
 
 void AveragesPage::Reset_tags()
 {
-    l8->setText(QString());
     m_summaryAnswers.fill(QString());
     m_spreadAnswers.fill(QString());
+    if (!isBuilt())
+        return;
+    l8->setText(QString());
     Clear_Displayed_Data();
 }
 

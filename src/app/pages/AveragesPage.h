@@ -2,7 +2,7 @@
 // The Averages page: the data to a chosen precision, the nine summary questions and the four on
 // spread (each hides its answer until pressed), the box plot and the stem and leaf diagram.
 
-#include "app/PagePanel.h"
+#include "app/pages/DeferredPage.h"
 
 #include <QString>
 
@@ -22,7 +22,7 @@ class RowList;
 class ShapedTabs;
 } // namespace zrt
 
-class AveragesPage : public PagePanel {
+class AveragesPage : public DeferredPage {
     Q_OBJECT
 public:
     AveragesPage(PageContext &context, zrt::AnalysisState &analysis, DataColumn &column, QWidget *parent,
@@ -65,6 +65,9 @@ public:
 Q_SIGNALS:
     // The sort box was changed: the data are refreshed.
     void sortChanged();
+
+protected:
+    void buildControls() override;
 
 private:
     void build();

@@ -23,12 +23,17 @@
 
 ComparePage::ComparePage(PageContext &context, zrt::AnalysisState &analysis, DataColumn &column, QWidget *parent,
                          const QRect &geometry)
-    : PagePanel(parent), m_context(context), m_analysis(analysis), m_column(column)
+    : DeferredPage(parent), m_context(context), m_analysis(analysis), m_column(column)
 {
     setGeometry(geometry);
     hide();
+}
+
+void ComparePage::buildControls()
+{
     build();
     connect(this, &PagePanel::Resize, this, [this] { m_context.guard([this] { layoutPage(); }); });
+    layoutPage();
 }
 
 void ComparePage::build()
@@ -157,6 +162,7 @@ void ComparePage::showTabFrame(int tab) { pages::ShowTabFrame(pFR, tab); }
 
 void ComparePage::open()
 {
+    ensureBuilt();
     Get_Compare_Data();
     ShapedTabs1_Click(0);
 }

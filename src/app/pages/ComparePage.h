@@ -2,7 +2,7 @@
 // The Compare page: the pairs of times, the scatter graph with its mean point, Spearman's rank
 // with its table and scale, and the two box plots side by side.
 
-#include "app/PagePanel.h"
+#include "app/pages/DeferredPage.h"
 #include "charts/BoxPlots.h"
 
 #include <array>
@@ -19,7 +19,7 @@ class ShapedTabs;
 class ucTableView;
 } // namespace zrt
 
-class ComparePage : public PagePanel {
+class ComparePage : public DeferredPage {
     Q_OBJECT
 public:
     ComparePage(PageContext &context, zrt::AnalysisState &analysis, DataColumn &column, QWidget *parent,
@@ -48,6 +48,9 @@ public:
     void DrawScatterGraph();
     void DrawCompareBoxPlots();
     void DrawCorrelationScale();
+
+protected:
+    void buildControls() override;
 
 private:
     void build();

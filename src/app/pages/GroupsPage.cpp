@@ -41,12 +41,17 @@ QString Caption(bool shown, const char *what)
 
 GroupsPage::GroupsPage(PageContext &context, zrt::AnalysisState &analysis, DataColumn &column, QWidget *parent,
                        const QRect &geometry)
-    : PagePanel(parent), m_context(context), m_analysis(analysis), m_column(column)
+    : DeferredPage(parent), m_context(context), m_analysis(analysis), m_column(column)
 {
     setGeometry(geometry);
     hide();
+}
+
+void GroupsPage::buildControls()
+{
     build();
     connect(this, &PagePanel::Resize, this, [this] { m_context.guard([this] { layoutPage(); }); });
+    layoutPage();
 }
 
 void GroupsPage::build()
@@ -163,12 +168,15 @@ void GroupsPage::showTabFrame(int tab) { pages::ShowTabFrame(f2, tab); }
 
 void GroupsPage::open()
 {
+    ensureBuilt();
     Get_Grouped_Data();
     Tab2_Click(0);
 }
 
 void GroupsPage::refresh()
 {
+    if (!isBuilt())
+        return;
     Get_Grouped_Data();
     if (!m_analysis.GroupedReady)
         return;

@@ -2,7 +2,7 @@
 // The Groups page: the data to hundredths, then on its tabs the tally and frequency table, the
 // estimated mean, the cumulative frequency table and its plot, each shown by its own button.
 
-#include "app/PagePanel.h"
+#include "app/pages/DeferredPage.h"
 
 #include <array>
 
@@ -18,7 +18,7 @@ class PictureBox;
 class ShapedTabs;
 } // namespace zrt
 
-class GroupsPage : public PagePanel {
+class GroupsPage : public DeferredPage {
     Q_OBJECT
 public:
     GroupsPage(PageContext &context, zrt::AnalysisState &analysis, DataColumn &column, QWidget *parent,
@@ -49,6 +49,9 @@ public:
 
 Q_SIGNALS:
     void sortChanged();
+
+protected:
+    void buildControls() override;
 
 private:
     void build();
