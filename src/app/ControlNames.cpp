@@ -71,6 +71,12 @@ void MainFrm::nameControls()
     Name(P3->dd1, QStringLiteral("dd1"));
     Name(P3->DD2, QStringLiteral("DD2"));
     NameArray(P3->ucGifPlayer1, QStringLiteral("ucGifPlayer1"));
+    namePlayers();
+}
+
+// The audio stage's target and walker are made when the stage first opens; they are named then.
+void MainFrm::namePlayers()
+{
     Name(P5->ucgif, QStringLiteral("ucgif"));
     Name(P5->ucGifPlayer2, QStringLiteral("ucGifPlayer2"));
 }

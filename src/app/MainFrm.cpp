@@ -127,6 +127,7 @@ void MainFrm::buildPages()
     const QRect page(tw(2835), tw(1020), tw(kPageWidthCapTw), tw(kPageHeightTw));
     P3 = new RecordPage(m_context, *P2, m_client, page);
     P5 = P3->P5;
+    connect(P5, &AudioStage::playersMade, this, [this] { namePlayers(); });
     P2->setPairedQuestion([this] { return P3->paired(); });
     averages = new AveragesPage(m_context, analysis, *P2, m_client, page);
     groups = new GroupsPage(m_context, analysis, *P2, m_client, page);

@@ -88,6 +88,7 @@ private:
     void Form_Load();
     void nameControls();
     void namePageControls(Page page);
+    void namePlayers();
     void nameAveragesControls();
     void nameGroupsControls();
     void nameCompareControls();

@@ -3,6 +3,7 @@
 // message boxes, shared by the window's test files.
 
 #include "app/MainFrm.h"
+#include "app/pages/AudioStage.h"
 #include "app/pages/DeferredPage.h"
 #include "app/MainMod1.h"
 #include "dialogs/MsgBox.h"
@@ -54,9 +55,11 @@ protected:
         });
         MainMod1::Sounds.SoundDisabled = true;
         window = std::make_unique<MainFrm>(nullptr, true);
-        // The analysis pages are made when first opened; these tests reach into them at once.
+        // The analysis pages and the audio stage's players are made when first opened; these
+        // tests reach into them at once.
         for (auto *page : window->p4)
             page->ensureBuilt();
+        window->P5->ensurePlayers();
         window->setAudioOutputCheck([this] { return audioOutput; });
         window->resize(1000, 700);
         window->show();

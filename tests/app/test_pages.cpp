@@ -182,6 +182,7 @@ TEST_F(PagesTest, AnalysisPagesAreMadeWhenFirstOpenedAndWorkAsIfMadeAtStart)
         EXPECT_FALSE(page->isBuilt());
     EXPECT_EQ(window->averages->cmd1[0], nullptr);
     EXPECT_EQ(window->findChild<QWidget *>("cmd1_0"), nullptr);
+    EXPECT_EQ(window->P5->ucgif, nullptr) << "the audio stage's players wait for its first opening";
 
     // Clear and a data change reach the pages that do not exist yet without harm.
     window->ClickToolbarButton("Clear");
@@ -210,4 +211,34 @@ TEST_F(PagesTest, AnalysisPagesAreMadeWhenFirstOpenedAndWorkAsIfMadeAtStart)
     EXPECT_TRUE(window->compare->isBuilt());
     EXPECT_TRUE(window->compare->isVisible());
     EXPECT_EQ(window->findChild<QWidget *>("cmdSG"), window->compare->cmdSG);
+}
+
+TEST_F(PagesTest, TheAudioStagesPlayersAreMadeBehindItsControlsWhenItFirstOpens)
+{
+    window = std::make_unique<MainFrm>(nullptr, true);
+    window->resize(1100, 760);
+    window->show();
+    AudioStage &stage = *window->P5;
+    ASSERT_EQ(stage.ucgif, nullptr);
+    window->resize(1200, 800);
+    QCoreApplication::processEvents();
+
+    stage.open("0.3");
+    ASSERT_NE(stage.ucgif, nullptr);
+    EXPECT_TRUE(stage.ucgif->isVisible());
+    EXPECT_EQ(window->findChild<QWidget *>("ucgif"), stage.ucgif);
+    EXPECT_EQ(window->findChild<QWidget *>("ucGifPlayer2"), stage.ucGifPlayer2);
+    // Centred in the stage's present width; the walker waits beyond its right edge.
+    EXPECT_EQ(stage.ucgif->x(), (stage.width() - stage.ucgif->width()) / 2);
+    EXPECT_EQ(stage.ucGifPlayer2->x(), stage.width());
+    // Beneath the balloon, the buttons and the list, as when they were made first.
+    const QObjectList order = stage.children();
+    for (QWidget *control : {static_cast<QWidget *>(stage.IMmsg1), static_cast<QWidget *>(stage.cl5),
+                             static_cast<QWidget *>(stage.cmdStartAudio), static_cast<QWidget *>(stage.l9)}) {
+        EXPECT_LT(order.indexOf(stage.ucgif), order.indexOf(control));
+        EXPECT_LT(order.indexOf(stage.ucGifPlayer2), order.indexOf(control));
+    }
+    ucGifPlayer *target = stage.ucgif;
+    stage.open("0.3");
+    EXPECT_EQ(stage.ucgif, target) << "made once";
 }

@@ -50,20 +50,6 @@ void AudioStage::build()
     setPictureFile(QStringLiteral(":/images/audio_stage.png")); // read when the stage first shows
     hide();
 
-    // The players take the values the window stores for them: the target as the characters; the
-    // walker at its natural size, a tenth of a second at least per frame, built after load and
-    // not playing by itself.
-    ucgif = new zrt::ucGifPlayer(this);
-    ucgif->resize(110, 394);
-    ucgif->ReadProperties(CharacterProperties(ResourceBytes(QStringLiteral(":/gif/audio_target.gif"))));
-    connect(ucgif, &zrt::ucGifPlayer::MouseDown, this, [this] { m_context.guard([this] { ucgif_MouseDown(); }); });
-    ucGifPlayer2 = new zrt::ucGifPlayer(this);
-    ucGifPlayer2->ReadProperties({{QStringLiteral("GIF"), ResourceBytes(QStringLiteral(":/gif/walker.gif"))},
-                                  {QStringLiteral("Delay"), 100},
-                                  {QStringLiteral("Stretch"), 4},
-                                  {QStringLiteral("DelayLoad"), 2}});
-    ucGifPlayer2->setGeometry(width(), 220, 179, 174);
-
     IMmsg1 = new QLabel(this);
     SetPixmapWhenShown(IMmsg1, PictureInLanguage(QStringLiteral(":/images/audio_invitation.png")));
     IMmsg1->resize(218, 183);
@@ -93,16 +79,48 @@ void AudioStage::build()
     connect(this, &PagePanel::Resize, this, [this] { m_context.guard([this] { P5_Resize(); }); });
 }
 
+void AudioStage::ensurePlayers()
+{
+    if (ucgif)
+        return;
+    // Made when the stage first opens, not at the start: the walker's frames are the largest
+    // picture of the program, and a pupil who never takes the audio test never needs them.
+    // The players take the values the window stores for them: the target as the characters; the
+    // walker at its natural size, a tenth of a second at least per frame, built after load and
+    // not playing by itself.
+    ucgif = new zrt::ucGifPlayer(this);
+    ucgif->resize(110, 394);
+    ucgif->ReadProperties(CharacterProperties(ResourceBytes(QStringLiteral(":/gif/audio_target.gif"))));
+    connect(ucgif, &zrt::ucGifPlayer::MouseDown, this, [this] { m_context.guard([this] { ucgif_MouseDown(); }); });
+    ucGifPlayer2 = new zrt::ucGifPlayer(this);
+    ucGifPlayer2->ReadProperties({{QStringLiteral("GIF"), ResourceBytes(QStringLiteral(":/gif/walker.gif"))},
+                                  {QStringLiteral("Delay"), 100},
+                                  {QStringLiteral("Stretch"), 4},
+                                  {QStringLiteral("DelayLoad"), 2}});
+    ucGifPlayer2->setGeometry(width(), 220, 179, 174);
+    // Behind everything else on the stage, as if made first.
+    ucGifPlayer2->lower();
+    ucgif->lower();
+    if (isVisible()) {
+        ucgif->show();
+        ucGifPlayer2->show();
+    }
+    P5_Resize();
+    Q_EMIT playersMade();
+}
+
 void AudioStage::placeListenBalloon() { IMmsg1->move(ucgif->x() + ucgif->width() / 2, 0); }
 
 void AudioStage::P5_Resize()
 {
     const int width = this->width();
-    ucgif->move((width - ucgif->width()) / 2, ucgif->y());
-    // The balloon's own flag, not whether it is on screen: the stage is hidden when it is laid out.
-    if (!IMmsg1->isHidden())
-        placeListenBalloon();
-    ucGifPlayer2->move(width, ucGifPlayer2->y());
+    if (ucgif) {
+        ucgif->move((width - ucgif->width()) / 2, ucgif->y());
+        // The balloon's own flag, not whether it is on screen: the stage is hidden when it is laid out.
+        if (!IMmsg1->isHidden())
+            placeListenBalloon();
+        ucGifPlayer2->move(width, ucGifPlayer2->y());
+    }
     cmdStartAudio->move((width - cmdStartAudio->width()) / 2, cmdStartAudio->y());
     // The result text may not run over the list of times on the left.
     const int room = width - 2 * (cl5->x() + cl5->width() + kGap);
@@ -114,6 +132,7 @@ void AudioStage::P5_Resize()
 
 void AudioStage::open(const QString &visualMean)
 {
+    ensurePlayers();
     // Times answered by key are told apart from those answered by mouse, in the heading, so the
     // verdict's lines below keep their form.
     const QString heading = m_record.respondsWithSpace() ? tr("Average reaction time ") + tr("(by space bar)")

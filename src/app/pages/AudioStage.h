@@ -47,6 +47,8 @@ public:
 
     // Shown for the second half of a pair, with the visual mean in the verdict.
     void open(const QString &visualMean);
+    // The target and the walker exist from the stage's first opening on; this makes them sooner.
+    void ensurePlayers();
     void TellNoSoundOutput();
 
     void cmdStartAudio_Click();
@@ -57,6 +59,9 @@ public:
     void cmdadd_Click(int index);
     void Timer1_Timer();
     void stopWalk();
+
+Q_SIGNALS:
+    void playersMade();
 
 private:
     void build();

@@ -1,6 +1,7 @@
 #include "app/pages/RecordPage.h"
 
 #include "anim/ucGifPlayer.h"
+#include "gfx/BakedPicture.h"
 #include "app/MainMod1.h"
 #include "app/pages/AudioStage.h"
 #include "app/pages/DataColumn.h"
@@ -51,7 +52,10 @@ RecordPage::RecordPage(PageContext &context, DataColumn &column, QWidget *parent
 void RecordPage::build()
 {
     setBackColor(QColor(236, 240, 226));
-    setPicture(QImage(QStringLiteral(":/images/record_stage.png")));
+    QImage stage = zrt::BakedPicture(QStringLiteral(":/baked/record_stage.rgb32"));
+    if (stage.isNull())
+        stage = QImage(QStringLiteral(":/images/record_stage.png"));
+    setPicture(stage);
 
     IMmsg = new QLabel(this);
     IMmsg->setPixmap(QPixmap(PictureInLanguage(QStringLiteral(":/images/start_invitation.png"))));
