@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <random>
+
 using namespace mStopWatch;
 
 namespace {
@@ -77,5 +80,61 @@ TEST(StopWatchSteady, RealCounterIncreases)
         sink = sink + i;
     const float b = SwElapsed(slot);
     EXPECT_GE(b, a);
+    SwReset();
+}
+
+namespace {
+
+// A counter that gives the stopwatch the reads it is told: the three of a start, then one reading.
+std::int64_t g_scripted[4];
+int g_read = 0;
+std::int64_t scriptedCounter() { return g_scripted[g_read++ % 4]; }
+
+float ElapsedAfter(std::int32_t &slot, std::int64_t span)
+{
+    g_scripted[0] = g_scripted[1] = g_scripted[2] = 5'000'000; // no cost of a read to take out
+    g_scripted[3] = 5'000'000 + span;
+    g_read = 0;
+    SwStart(slot);
+    return SwElapsed(slot);
+}
+
+} // namespace
+
+TEST(StopWatchSeconds, EveryReadingIsTheSameFloatAsTheExactDivisionGives)
+{
+    std::mt19937_64 rng(20261123);
+    for (const std::int64_t frequency : {std::int64_t(1'000'000'000), std::int64_t(1000), std::int64_t(3'579'545),
+                                         std::int64_t(10'000'000), (std::int64_t(1) << 25) + 3,
+                                         std::int64_t(1) << 30}) {
+        SwReset();
+        SwSetCounter(&scriptedCounter, frequency);
+        std::int32_t slot = SwNew();
+        int compared = 0;
+        auto check = [&](std::int64_t span) {
+            const float expected = static_cast<float>(static_cast<double>(span) / static_cast<double>(frequency));
+            const float got = ElapsedAfter(slot, span);
+            ASSERT_EQ(got, expected) << "span " << span << " at " << frequency << " counts a second";
+            ++compared;
+        };
+        // Spans from one count to a day, spread over every size.
+        std::uniform_real_distribution<double> magnitude(0.0, std::log(86400.0 * double(frequency)));
+        for (int i = 0; i < 20000; ++i) {
+            const auto span = static_cast<std::int64_t>(std::exp(magnitude(rng)));
+            check(span);
+            check(-span);
+        }
+        // Spans right beside the points where the rounding to a float turns, short and long.
+        std::uniform_real_distribution<float> seconds(1e-6f, 80000.0f);
+        for (int i = 0; i < 20000; ++i) {
+            const float low = seconds(rng);
+            const double turn = (double(low) + double(std::nextafter(low, 1e30f))) / 2;
+            const auto centre = static_cast<std::int64_t>(std::llround(turn * double(frequency)));
+            for (std::int64_t d = -2; d <= 2; ++d)
+                check(centre + d);
+        }
+        EXPECT_EQ(compared, 2 * 20000 + 5 * 20000);
+    }
+    SwSetCounter(nullptr);
     SwReset();
 }
