@@ -900,6 +900,18 @@ Sie gilt bis zum Ende des Programms.</translation>
         <source>Save Worksheet as PDF...</source>
         <translation>Arbeitsblatt als PDF speichern...</translation>
     </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>The choice could not be kept in %1.</source>
+        <translation>Die Wahl konnte nicht in %1 gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>The program speaks %1 from its next start.</source>
+        <translation>Das Programm spricht %1 ab dem nächsten Start.</translation>
+    </message>
 </context>
 <context>
     <name>MainMod1</name>

@@ -32,6 +32,15 @@ QString settingsPath(const QString &settingsFile)
 
 QStringList available() { return {QStringLiteral("en"), QStringLiteral("de")}; }
 
+QString nativeName(const QString &code)
+{
+    if (code == QLatin1String("de"))
+        return QStringLiteral("Deutsch");
+    if (code == QLatin1String("en"))
+        return QStringLiteral("English");
+    return code;
+}
+
 QString fromLocaleName(const QString &localeName)
 {
     // "de", "de_DE", "de-CH", "de_AT.UTF-8": the language is the part before the first separator.

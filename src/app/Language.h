@@ -14,6 +14,9 @@ namespace Language {
 // The codes the program offers; the first is the one of the source texts.
 QStringList available();
 
+// The language's own name for itself ("English", "Deutsch"), as a language menu shows it.
+QString nativeName(const QString &code);
+
 // The code a locale name ("de_AT", "en-GB", "C") maps to: one of available(), else "en".
 QString fromLocaleName(const QString &localeName);
 

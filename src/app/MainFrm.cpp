@@ -4,6 +4,7 @@
 #include "app/MainFrm.h"
 
 #include "app/DataFlows.h"
+#include "app/Language.h"
 #include "app/MainMod1.h"
 #include "app/PagePanel.h"
 #include "charts/ChartPictures.h"
@@ -18,7 +19,9 @@
 #include "i18n/CoreTexts.h"
 #include "reaction/SoundBas.h"
 #include "toolbar/ThemedToolbar.h"
+#include "toolbar/ToolbarMenu.h"
 
+#include <QActionGroup>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QLabel>
@@ -188,6 +191,9 @@ void MainFrm::buildToolbar()
                                   item.kind == 1 ? zrt::btn::StyleCheck : zrt::btn::StylePush, 0, true,
                                   zrt::RGB(0, 255, 0));
     }
+    // The menu's own colour-scheme texts in the language the window speaks.
+    ThemedToolbar1->setMenuLanguage(Language::current() == QLatin1String("de") ? zrt::ToolbarMenu::German
+                                                                              : zrt::ToolbarMenu::English);
     ThemedToolbar1->setcMenuItemTitle(tr("Information"));
     ThemedToolbar1->setcMenuItem(1, tr("About"));
     // The class's data in and out of the window.
@@ -197,6 +203,7 @@ void MainFrm::buildToolbar()
     ThemedToolbar1->setcMenuItem(kMenuAddClass, tr("Add a Class File..."));
     ThemedToolbar1->setcMenuItem(kMenuPrint, tr("Print Worksheet...\tCtrl+P"));
     ThemedToolbar1->setcMenuItem(kMenuPdf, tr("Save Worksheet as PDF..."));
+    buildLanguageChoice();
     ThemedToolbar1->setBtnValue(kRecordButton, true);
     ThemedToolbar1->setThemeColor(3);
     ThemedToolbar1->setVisible(true);
@@ -333,6 +340,46 @@ void MainFrm::paintClientGradient(QPainter &painter)
 // ---------------------------------------------------------------- toolbar and pages
 
 bool MainFrm::pageChosen(Page page) const { return ThemedToolbar1->BtnValue(ButtonOf(page)); }
+
+void MainFrm::buildLanguageChoice()
+{
+    // Each language under its own name, so that a pupil finds his or hers whatever the window
+    // speaks now.
+    m_languageGroup = new QActionGroup(this);
+    QList<QAction *> actions;
+    for (const QString &code : Language::available()) {
+        auto *action = new QAction(Language::nativeName(code), m_languageGroup);
+        action->setCheckable(true);
+        action->setData(code);
+        connect(action, &QAction::triggered, this, [this, code] { guarded([this, code] { chooseLanguage(code); }); });
+        actions.append(action);
+    }
+    tickNextLanguage();
+    ThemedToolbar1->setClientMenuGroup(tr("Language"), actions);
+}
+
+// The language ticked is the one the next start will speak.
+void MainFrm::tickNextLanguage()
+{
+    const QString stored = Language::stored(MainMod1::SettingsFile);
+    const QString next = stored.isEmpty() ? Language::current() : stored;
+    for (QAction *action : m_languageGroup->actions())
+        action->setChecked(action->data().toString() == next);
+}
+
+void MainFrm::chooseLanguage(const QString &code)
+{
+    if (!Language::setLanguage(code, MainMod1::SettingsFile)) {
+        tickNextLanguage();
+        MsgBox(this, tr("The choice could not be kept in %1.").arg(MainMod1::SettingsFile), vbExclamation,
+               tr("Language"));
+        return;
+    }
+    // The window's texts are set when it is built, so the new language waits for the next start.
+    if (code != Language::current())
+        MsgBox(this, tr("The program speaks %1 from its next start.").arg(Language::nativeName(code)),
+               vbInformation, tr("Language"));
+}
 
 void MainFrm::ToolbarButtonClick(const QString &key)
 {

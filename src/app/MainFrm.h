@@ -94,6 +94,9 @@ private:
     void nameCompareControls();
     void buildToolbarStrip();
     void buildToolbar();
+    void buildLanguageChoice();
+    void chooseLanguage(const QString &code);
+    void tickNextLanguage();
     void buildShortcuts();
     void buildPages();
     void showOpenedFile(const zrt::OpenedFile &opened);
@@ -110,4 +113,5 @@ private:
     QWidget *m_client = nullptr;
     PageContext m_context;
     class DataFlows *m_flows = nullptr;
+    class QActionGroup *m_languageGroup = nullptr; // the Language group of the toolbar menu
 };

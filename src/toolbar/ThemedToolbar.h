@@ -9,12 +9,15 @@
 
 #include <QFont>
 #include <QImage>
+#include <QList>
 #include <QVariantMap>
 #include <QWidget>
 
 #include <array>
 #include <optional>
 #include <vector>
+
+class QAction;
 
 namespace zrt {
 
@@ -144,6 +147,8 @@ public:
     void setcMenuItemTitle(const QString &text);
     // A heading above menu item n that starts a group of its own.
     void setcMenuGroupTitle(int n, const QString &text);
+    // Actions of the client's own after the menu's items, under a heading of their own.
+    void setClientMenuGroup(const QString &title, const QList<QAction *> &actions);
     ToolbarMenu *Menu() const { return m_menu; }
     void ShowMenu(const QPoint &globalPos);
     void ShowChevron();

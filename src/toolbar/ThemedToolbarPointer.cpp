@@ -186,6 +186,12 @@ void ThemedToolbar::setcMenuGroupTitle(int n, const QString &text)
     m_menu->setGroupTitle(n, text);
 }
 
+void ThemedToolbar::setClientMenuGroup(const QString &title, const QList<QAction *> &actions)
+{
+    m_menu->setClientGroup(title, actions);
+    RefreshMenu();
+}
+
 void ThemedToolbar::setcMenuItemTitle(const QString &text)
 {
     m_menuTitle = text;

@@ -39,6 +39,7 @@ void ToolbarMenu::Rebuild(const QString &title, const std::array<QString, ItemCo
     if (!title.isEmpty())
         addSection(title);
     AddItems(items);
+    AddClientGroup();
     if (showColor)
         AddSchemes(language, themeColor);
 }
@@ -60,6 +61,27 @@ void ToolbarMenu::AddItems(const std::array<QString, ItemCount> &items)
         QAction *action = addAction(text);
         connect(action, &QAction::triggered, this, [this, n] { Q_EMIT ItemClicked(n); });
         m_items[static_cast<std::size_t>(n - 1)] = action;
+    }
+}
+
+void ToolbarMenu::setClientGroup(const QString &title, const QList<QAction *> &actions)
+{
+    m_clientTitle = title;
+    m_clientActions.clear();
+    for (QAction *action : actions)
+        m_clientActions.append(action);
+}
+
+void ToolbarMenu::AddClientGroup()
+{
+    bool headed = false;
+    for (const QPointer<QAction> &action : m_clientActions) {
+        if (!action)
+            continue;
+        if (!headed && !m_clientTitle.isEmpty())
+            addSection(m_clientTitle);
+        headed = true;
+        addAction(action);
     }
 }
 

@@ -2,7 +2,9 @@
 // The toolbar's own menu: a title, up to six items of the client's, and, when asked for, the
 // colour schemes in the menu's language.
 
+#include <QList>
 #include <QMenu>
+#include <QPointer>
 #include <QString>
 
 #include <array>
@@ -23,6 +25,9 @@ public:
     void setGroupTitle(int n, const QString &title);
     void Rebuild(const QString &title, const std::array<QString, ItemCount> &items, int language,
                  bool showColor, int themeColor);
+    // A group of the client's own actions after the items, under its heading; the client keeps
+    // the actions (checkable ones show their check). No actions remove the group.
+    void setClientGroup(const QString &title, const QList<QAction *> &actions);
 
     // The action of item n (1..6), or none when that item has no text.
     QAction *ItemAction(int n) const;
@@ -40,10 +45,13 @@ Q_SIGNALS:
 private:
     void AddItems(const std::array<QString, ItemCount> &items);
     void AddSchemes(int language, int themeColor);
+    void AddClientGroup();
 
     std::array<QAction *, ItemCount> m_items{};
     std::array<QString, ItemCount> m_groupTitles{};
     std::array<QAction *, 6> m_schemes{};
+    QString m_clientTitle;
+    QList<QPointer<QAction>> m_clientActions;
 };
 
 } // namespace zrt

@@ -13,6 +13,7 @@
 #include "controls/ucTableView.h"
 #include "dialogs/MsgBoxes.h"
 #include "dialogs/msgFrm.h"
+#include "toolbar/ToolbarMenu.h"
 #include "files/RtdFile.h"
 #include "i18n/CoreTexts.h"
 #include "stats/Averages.h"
@@ -446,6 +447,19 @@ TEST_F(LanguageTest, BalloonsSpeakGerman)
     EXPECT_EQ(boxButtons, (QStringList{"&Ja", "&Nein"}));
 }
 
+TEST_F(LanguageTest, TheToolbarMenuSpeaksGerman)
+{
+    QStringList texts;
+    for (QAction *action : window->ThemedToolbar1->Menu()->actions())
+        if (!action->text().isEmpty())
+            texts << action->text().section(QLatin1Char('\t'), 0, 0);
+    EXPECT_TRUE(texts.contains("Sprache")) << texts.join(" | ").toStdString();
+    EXPECT_TRUE(texts.contains("Farbschema")) << "the menu's own scheme texts follow the window";
+    EXPECT_TRUE(texts.contains("English") && texts.contains("Deutsch")) << "each language by its own name";
+    const QStringList left = EnglishLeft(texts);
+    EXPECT_TRUE(left.isEmpty()) << left.join('\n').toStdString();
+}
+
 TEST_F(LanguageTest, GermanTextsFitTheirLabelsAndButtons)
 {
     Six();
@@ -479,4 +493,58 @@ TEST_F(MainWindowTest, WithoutATranslationTheWindowStaysEnglish)
     window->P2->SetDataCount();
     const QStringList clipped = Clipped(*window);
     EXPECT_TRUE(clipped.isEmpty()) << clipped.join('\n').toStdString();
+}
+
+TEST_F(MainWindowTest, TheToolbarMenuChoosesTheLanguageOfTheNextStart)
+{
+    struct KeepSettings {
+        QString kept = MainMod1::SettingsFile;
+        ~KeepSettings() { MainMod1::SettingsFile = kept; }
+    } keepSettings;
+    QTemporaryDir folder;
+    MainMod1::SettingsFile = folder.filePath("Zorvanes.ini");
+    QFile(MainMod1::SettingsFile).open(QIODevice::WriteOnly);
+    auto languageActions = [this] {
+        // The group after the menu's own items: its heading, then each language by its own name.
+        QMap<QString, QAction *> byName;
+        bool inGroup = false;
+        for (QAction *action : window->ThemedToolbar1->Menu()->actions()) {
+            if (action->isSeparator()) {
+                inGroup = action->text() == "Language";
+                continue;
+            }
+            if (inGroup)
+                byName.insert(action->text(), action);
+        }
+        return byName;
+    };
+    window = std::make_unique<MainFrm>(nullptr, true);
+    QMap<QString, QAction *> languages = languageActions();
+    ASSERT_EQ(languages.keys(), QStringList({"Deutsch", "English"}));
+    EXPECT_TRUE(languages["English"]->isChecked()) << "nothing stored: the language spoken now";
+    EXPECT_FALSE(languages["Deutsch"]->isChecked());
+
+    languages["Deutsch"]->trigger();
+    EXPECT_EQ(Language::stored(MainMod1::SettingsFile), "de");
+    ASSERT_EQ(said.size(), 1u);
+    EXPECT_EQ(said[0].text, "The program speaks Deutsch from its next start.");
+    EXPECT_EQ(window->P2->Label4->text(), "Averaged Reation times") << "the window built keeps its language";
+    EXPECT_TRUE(languages["Deutsch"]->isChecked());
+    EXPECT_FALSE(languages["English"]->isChecked());
+
+    // A new window ticks the stored choice; going back to the language spoken needs no word.
+    window = std::make_unique<MainFrm>(nullptr, true);
+    languages = languageActions();
+    EXPECT_TRUE(languages["Deutsch"]->isChecked());
+    said.clear();
+    languages["English"]->trigger();
+    EXPECT_EQ(Language::stored(MainMod1::SettingsFile), "en");
+    EXPECT_TRUE(said.empty());
+
+    // A settings file that cannot be written is told, and the choice is not taken.
+    MainMod1::SettingsFile = folder.filePath("no such folder/Zorvanes.ini");
+    languages["Deutsch"]->trigger();
+    ASSERT_EQ(said.size(), 1u);
+    EXPECT_TRUE(said[0].text.startsWith("The choice could not be kept in ")) << said[0].text.toStdString();
+    EXPECT_TRUE(languages["English"]->isChecked()) << "the tick goes back to the choice that stands";
 }

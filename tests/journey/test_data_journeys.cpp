@@ -188,3 +188,39 @@ TEST(DataJourney, ExportImportAndWorksheetThroughTheMenu)
     EXPECT_TRUE(words.contains(QLatin1String("Mean"))) << qPrintable(words);
     EXPECT_TRUE(words.contains(p.text(QStringLiteral("lb1_3")))) << qPrintable(words);
 }
+
+// A pupil picks Deutsch from the toolbar menu's Language group with the keys; the next start
+// of the program speaks German.
+TEST(DataJourney, TheLanguageChosenInTheMenuIsSpokenFromTheNextStart)
+{
+    QString settings;
+    {
+        Program p;
+        ASSERT_TRUE(p.started());
+        EXPECT_EQ(p.text(QStringLiteral("Label2")), QStringLiteral("Reaction Times:"));
+        const Control end = p.control(QStringLiteral("PicRight"));
+        ASSERT_TRUE(end.found);
+        p.click(end.rect.center() + QPoint(0, end.rect.height() / 4));
+        ASSERT_TRUE(p.waitUntil([&] { return p.modalShown(); })) << "no menu";
+        for (int i = 0; i < 8; ++i) // About, the five Data entries, English, then Deutsch
+            p.key("Down");
+        p.shot(QStringLiteral("menu_language_group"));
+        p.key("Return");
+        QString box;
+        ASSERT_TRUE(p.waitUntil([&] { return (box = p.ask(QStringLiteral("modal"))).endsWith(QLatin1String("Language")); }))
+            << qPrintable(box);
+        p.key("Return");
+        ASSERT_TRUE(p.waitUntil([&] { return !p.modalShown(); }));
+        EXPECT_EQ(p.text(QStringLiteral("Label2")), QStringLiteral("Reaction Times:")) << "this window keeps its language";
+        QFile ini(p.documents() + QStringLiteral("/Zorvanes.ini"));
+        ASSERT_TRUE(ini.open(QIODevice::ReadOnly));
+        settings = QString::fromUtf8(ini.readAll());
+        EXPECT_TRUE(settings.contains(QLatin1String("Language=de"))) << qPrintable(settings);
+    }
+    Options again;
+    again.settings = settings;
+    Program p(again);
+    ASSERT_TRUE(p.started());
+    EXPECT_EQ(p.text(QStringLiteral("Label2")), QStringLiteral("Reaktionszeiten:"));
+    p.shot(QStringLiteral("german_after_restart"));
+}
