@@ -137,16 +137,20 @@ void PagesBenchmark()
         // The whole refresh several times over; the median of its processor time (this thread's)
         // and of its wall time.
         std::vector<double> cpu, wall;
+        std::vector<std::vector<double>> stepCpu(std::size(steps));
         for (int run = 0; run < 7; ++run) {
             failure.clear();
             const auto t0 = std::chrono::steady_clock::now();
             const double c0 = ThreadCpuMs();
-            for (const auto &[name, step] : steps) {
+            for (size_t i = 0; i < std::size(steps); ++i) {
+                const auto &[name, step] = steps[i];
+                const double s0 = ThreadCpuMs();
                 try {
                     step();
                 } catch (const zrt::RunTimeError &error) {
                     failure += QStringLiteral(" %1: %2;").arg(QString::fromLatin1(name), QString::fromStdString(error.message()));
                 }
+                stepCpu[i].push_back(ThreadCpuMs() - s0);
             }
             cpu.push_back(ThreadCpuMs() - c0);
             wall.push_back(std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - t0).count());
@@ -155,6 +159,12 @@ void PagesBenchmark()
         std::sort(wall.begin(), wall.end());
         std::printf("Refresh_Data + every chart at %5d results: %9.1f ms CPU, %9.1f ms wall (median of %zu)%s\n", n,
                     cpu[cpu.size() / 2], wall[wall.size() / 2], cpu.size(), qPrintable(failure));
+        std::printf("   of which (median ms CPU):");
+        for (size_t i = 0; i < std::size(steps); ++i) {
+            std::sort(stepCpu[i].begin(), stepCpu[i].end());
+            std::printf(" %s %.2f;", steps[i].first, stepCpu[i][stepCpu[i].size() / 2]);
+        }
+        std::printf("\n");
     }
 }
 

@@ -1,6 +1,7 @@
 #include "i18n/CoreTexts.h"
 
 #include <QCoreApplication>
+#include <QHash>
 
 #include <algorithm>
 #include <vector>
@@ -109,6 +110,20 @@ const std::vector<QString> &byLength()
     return sorted;
 }
 
+// The phrases by their first character, each group longest first as above: at a position only
+// the phrases that can start there are tried, so a long text of figures goes by quickly.
+const QHash<char16_t, std::vector<const QString *>> &byFirstCharacter()
+{
+    static const QHash<char16_t, std::vector<const QString *>> groups = [] {
+        QHash<char16_t, std::vector<const QString *>> byFirst;
+        for (const QString &phrase : byLength())
+            if (!phrase.isEmpty())
+                byFirst[phrase.front().unicode()].push_back(&phrase);
+        return byFirst;
+    }();
+    return groups;
+}
+
 QString translated(const QString &phrase)
 {
     return QCoreApplication::translate("CoreTexts", phrase.toUtf8().constData());
@@ -126,25 +141,33 @@ QString tr(const std::string &text)
         return whole;
     // One pass from left to right: a replaced phrase is never looked at again, and a phrase
     // that starts or ends with a letter is only taken as a whole word.
+    const auto &groups = byFirstCharacter();
     QString out;
+    out.reserve(source.size());
+    qsizetype copied = 0; // the text before this has gone to out
     qsizetype i = 0;
     while (i < source.size()) {
         bool found = false;
-        for (const QString &phrase : byLength()) {
-            if (!QStringView(source).mid(i).startsWith(phrase))
-                continue;
-            const qsizetype end = i + phrase.size();
-            if ((isLetter(phrase.front()) && i > 0 && isLetter(source[i - 1])) ||
-                (isLetter(phrase.back()) && end < source.size() && isLetter(source[end])))
-                continue;
-            out += translated(phrase);
-            i = end;
-            found = true;
-            break;
+        const auto group = groups.constFind(source[i].unicode());
+        if (group != groups.cend()) {
+            for (const QString *phrase : *group) {
+                if (!QStringView(source).mid(i).startsWith(*phrase))
+                    continue;
+                const qsizetype end = i + phrase->size();
+                if ((isLetter(phrase->front()) && i > 0 && isLetter(source[i - 1])) ||
+                    (isLetter(phrase->back()) && end < source.size() && isLetter(source[end])))
+                    continue;
+                out += QStringView(source).mid(copied, i - copied);
+                out += translated(*phrase);
+                i = copied = end;
+                found = true;
+                break;
+            }
         }
         if (!found)
-            out += source[i++];
+            ++i;
     }
+    out += QStringView(source).mid(copied);
     return out;
 }
 

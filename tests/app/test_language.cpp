@@ -31,6 +31,9 @@
 #include <QXmlStreamReader>
 
 #include <algorithm>
+#include <random>
+
+#include <algorithm>
 #include <array>
 #include <utility>
 #include <vector>
@@ -268,6 +271,62 @@ TEST(Language, EveryEntryOfTheGermanFileIsCompiledIn)
     }
     Language::load("en");
     EXPECT_TRUE(missing.isEmpty()) << missing.join('\n').toStdString();
+}
+
+namespace {
+
+// The phrase replacement as first written, a look at every phrase at every position: the quick
+// one must give the same text.
+QString ReferenceCoreTr(const QString &source)
+{
+    const QString whole = QCoreApplication::translate("CoreTexts", source.toUtf8().constData());
+    if (source.isEmpty() || whole != source)
+        return whole;
+    std::vector<QString> phrases;
+    for (int k = 0; k < CoreTexts::phraseCount(); ++k)
+        phrases.push_back(QString::fromUtf8(CoreTexts::phrase(k)));
+    std::stable_sort(phrases.begin(), phrases.end(), [](const QString &a, const QString &b) { return a.size() > b.size(); });
+    QString out;
+    qsizetype i = 0;
+    while (i < source.size()) {
+        bool found = false;
+        for (const QString &phrase : phrases) {
+            if (!QStringView(source).mid(i).startsWith(phrase))
+                continue;
+            const qsizetype end = i + phrase.size();
+            if ((phrase.front().isLetter() && i > 0 && source[i - 1].isLetter()) ||
+                (phrase.back().isLetter() && end < source.size() && source[end].isLetter()))
+                continue;
+            out += QCoreApplication::translate("CoreTexts", phrase.toUtf8().constData());
+            i = end;
+            found = true;
+            break;
+        }
+        if (!found)
+            out += source[i++];
+    }
+    return out;
+}
+
+} // namespace
+
+TEST(Language, CoreTextsReplaceAsTheyAlwaysDidInAnyMixOfPhrasesAndFigures)
+{
+    ASSERT_TRUE(Language::load("de"));
+    std::mt19937 rng(23);
+    const QStringList fillers = {" ", ", ", "0.31", "\n", "x", "Mean", "s", "-", "(", "= "};
+    for (int round = 0; round < 3000; ++round) {
+        QString text;
+        const int pieces = std::uniform_int_distribution<int>(1, 12)(rng);
+        for (int k = 0; k < pieces; ++k) {
+            if (rng() % 2)
+                text += QString::fromUtf8(CoreTexts::phrase(int(rng() % unsigned(CoreTexts::phraseCount()))));
+            else
+                text += fillers[int(rng() % unsigned(fillers.size()))];
+        }
+        ASSERT_EQ(CoreTexts::tr(text.toStdString()), ReferenceCoreTr(text)) << text.toStdString();
+    }
+    Language::load("en");
 }
 
 TEST(Language, CoreTextsAreShownInGermanAndStayEnglishWithout)
