@@ -84,6 +84,7 @@ void AudioStage::build()
     Label10 = pages::NewLabel(this, tr("Reaction Times:"), QRect(kListLeft, kRunTop, kListWidth, 18), true);
     cl5 = new zrt::RowList(this);
     cl5->setGeometry(kListLeft, kListTop, kListWidth, tw(1710));
+    nameForScreenReaders();
 
     Timer1 = new QTimer(this);
     // The walker asks for the fastest tick; the classic desktop answered a 1 ms request about
@@ -91,6 +92,16 @@ void AudioStage::build()
     Timer1->setInterval(16);
     connect(Timer1, &QTimer::timeout, this, [this] { m_context.guard([this] { Timer1_Timer(); }); });
     connect(this, &PagePanel::Resize, this, [this] { m_context.guard([this] { P5_Resize(); }); });
+}
+
+void AudioStage::nameForScreenReaders()
+{
+    ucgif->setAccessibleName(tr("Zorvane to click when you hear the sound"));
+    ucGifPlayer2->setAccessibleName(tr("Walking Zorvane"));
+    // The invitation is a picture with words in it.
+    IMmsg1->setAccessibleName(tr("Listen! Press Start, then click the Zorvane the moment you hear the sound."));
+    Label10->setBuddy(cl5);
+    cl5->setAccessibleName(tr("Audio reaction times of this run"));
 }
 
 void AudioStage::placeListenBalloon() { IMmsg1->move(ucgif->x() + ucgif->width() / 2, 0); }

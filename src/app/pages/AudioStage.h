@@ -60,6 +60,8 @@ public:
 
 private:
     void build();
+    // Names the controls whose captions stand beside them, for screen readers.
+    void nameForScreenReaders();
     void P5_Resize();
     void placeListenBalloon();
     void showVerdict(const QString &mean);
