@@ -5,6 +5,7 @@
 #include "MainWindowFixture.h"
 
 #include "access/Accessibility.h"
+#include "app/Language.h"
 #include "charts/PictureBox.h"
 #include "controls/ShapedTabs.h"
 #include "controls/ucTableView.h"
@@ -239,4 +240,39 @@ TEST_F(AccessNamesTest, CompareChartsSayTheCoefficientAndSummariesOnceRevealed)
     QTest::mouseClick(c.cmdBPc, Qt::LeftButton);
     EXPECT_TRUE(Words(c.pFR[2]).contains("Visual: lowest value 23")) << Words(c.pFR[2]).toStdString();
     EXPECT_TRUE(Words(c.pFR[2]).contains("Audio: lowest value 29"));
+}
+
+namespace {
+
+class GermanAccessNamesTest : public AccessNamesTest {
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(Language::load(QStringLiteral("de")));
+        AccessNamesTest::SetUp();
+    }
+    void TearDown() override
+    {
+        AccessNamesTest::TearDown();
+        Language::load(QStringLiteral("en"));
+    }
+};
+
+} // namespace
+
+TEST_F(GermanAccessNamesTest, NamesAndWordsAreSpokenInTheWindowsLanguage)
+{
+    Six();
+    auto name = [](QWidget *w) { return QAccessible::queryAccessibleInterface(w)->text(QAccessible::Name); };
+    EXPECT_EQ(name(window->P2->cl2), "Visuelle Reaktionszeiten");
+    EXPECT_EQ(name(window->P3->DD2), "Anzahl der Versuche");
+    window->ClickToolbarButton("Averages");
+    auto &a = *window->averages;
+    a.Tab1_Click(2);
+    QTest::mouseClick(a.cmdBP, Qt::LeftButton);
+    EXPECT_EQ(Words(a.pBox), "Boxplot der visuellen Reaktionszeiten, 6 Werte, in Hundertstelsekunden. kleinster Wert 23, "
+                             "unteres Quartil 25, Median 28, oberes Quartil 31, größter Wert 33.");
+    window->ClickToolbarButton("Groups");
+    EXPECT_TRUE(Words(window->groups->ptally).contains("2 Klassen von 20 bis 40."))
+        << Words(window->groups->ptally).toStdString();
 }

@@ -6,35 +6,33 @@
 
 namespace pages {
 
-namespace {
-QString Tr(const char *text) { return QCoreApplication::translate("ChartWords", text); }
-} // namespace
-
 QString UnitsOf(int precisionIndex)
 {
     switch (precisionIndex) {
-    case 1: return Tr("thousandths of a second");
-    case 2: return Tr("ten-thousandths of a second");
-    default: return Tr("hundredths of a second");
+    case 1: return QCoreApplication::translate("ChartWords", "thousandths of a second");
+    case 2: return QCoreApplication::translate("ChartWords", "ten-thousandths of a second");
+    default: return QCoreApplication::translate("ChartWords", "hundredths of a second");
     }
 }
 
 QString ChartIntro(const QString &chart, bool audio, int count, int precisionIndex)
 {
-    const QString times = audio ? Tr("audio reaction times") : Tr("visual reaction times");
+    const QString times = audio ? QCoreApplication::translate("ChartWords", "audio reaction times")
+                                : QCoreApplication::translate("ChartWords", "visual reaction times");
     return QCoreApplication::translate("ChartWords", "%1 of %2, %n values, in %3.", nullptr, count)
         .arg(chart, times, UnitsOf(precisionIndex));
 }
 
 QString FiveNumbers(double lowest, double lowerQuartile, double median, double upperQuartile, double highest)
 {
-    return Tr("lowest value %1, lower quartile %2, median %3, upper quartile %4, highest value %5")
+    return QCoreApplication::translate(
+               "ChartWords", "lowest value %1, lower quartile %2, median %3, upper quartile %4, highest value %5")
         .arg(Number(lowest), Number(lowerQuartile), Number(median), Number(upperQuartile), Number(highest));
 }
 
 QString ClassWords(int lowStem, int highStem)
 {
-    return Tr("%1 to under %2").arg(lowStem * 10).arg((highStem + 1) * 10);
+    return QCoreApplication::translate("ChartWords", "%1 to under %2").arg(lowStem * 10).arg((highStem + 1) * 10);
 }
 
 QString Number(double value) { return QString::fromStdString(zrt::GeneralText(value)); }
