@@ -156,7 +156,9 @@ void AveragesPage::nameForScreenReaders()
 void AveragesPage::describeCharts()
 {
     const zrt::AnalysisResults &r = m_analysis.results;
-    if (r.SampleSize == 0) {
+    // The answers are emptied whenever the data change and set again only by an analysis that
+    // succeeds; without them the results belong to data that are gone.
+    if (r.SampleSize == 0 || m_summaryAnswers[0].isEmpty()) {
         pBox->setTextAlternative(QString());
         PicSL->setTextAlternative(QString());
         return;
@@ -263,6 +265,7 @@ void AveragesPage::Reset_tags()
     m_summaryAnswers.fill(QString());
     m_spreadAnswers.fill(QString());
     Clear_Displayed_Data();
+    describeCharts();
 }
 
 void AveragesPage::Clear_Displayed_Data()
@@ -301,8 +304,6 @@ void AveragesPage::Get_Averages()
     case zrt::AveragesAnswer::Outcome::Message:
         Reset_tags();
         t1->setPlainText(CoreTexts::tr(answer.dataText).trimmed());
-        pBox->setTextAlternative(QString());
-        PicSL->setTextAlternative(QString());
         return;
     case zrt::AveragesAnswer::Outcome::Analysed:
         break;
