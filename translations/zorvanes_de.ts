@@ -78,6 +78,22 @@
         <source>(by space bar)</source>
         <translation>(mit Leertaste)</translation>
     </message>
+    <message>
+        <source>Zorvane to click when you hear the sound</source>
+        <translation>Zorvane, auf den du klickst, sobald du den Ton hörst</translation>
+    </message>
+    <message>
+        <source>Walking Zorvane</source>
+        <translation>Laufender Zorvane</translation>
+    </message>
+    <message>
+        <source>Listen! Press Start, then click the Zorvane the moment you hear the sound.</source>
+        <translation>Hör zu! Drücke auf Start und klicke auf den Zorvane, sobald du den Ton hörst.</translation>
+    </message>
+    <message>
+        <source>Audio reaction times of this run</source>
+        <translation>Auditive Reaktionszeiten dieses Durchgangs</translation>
+    </message>
 </context>
 <context>
     <name>AveragesPage</name>
@@ -161,6 +177,84 @@ Untere Ausreißergrenze = Q1 - (1.5 x IQR) und obere Ausreißergrenze = Q3 + (1.
         <source>the stem and leaf diagram</source>
         <translation>das Stamm-Blatt-Diagramm</translation>
     </message>
+    <message>
+        <source>Current data to the nearest</source>
+        <translation>Daten gerundet auf</translation>
+    </message>
+    <message>
+        <source>Current data</source>
+        <translation>Aktuelle Daten</translation>
+    </message>
+    <message>
+        <source>Sort data items</source>
+        <translation>Daten sortieren</translation>
+    </message>
+    <message>
+        <source>Averages views</source>
+        <translation>Ansichten der Mittelwerte</translation>
+    </message>
+    <message>
+        <source>What an outlier is</source>
+        <translation>Was ein Ausreißer ist</translation>
+    </message>
+    <message>
+        <source>Box plot</source>
+        <translation>Boxplot</translation>
+    </message>
+    <message>
+        <source>Stem and leaf diagram</source>
+        <translation>Stamm-Blatt-Diagramm</translation>
+    </message>
+    <message>
+        <source>stem %1: %2</source>
+        <translation>Stamm %1: %2</translation>
+    </message>
+    <message>
+        <source>no leaves</source>
+        <translation>keine Blätter</translation>
+    </message>
+    <message>
+        <source>Stems %1 to %2.</source>
+        <translation>Stämme %1 bis %2.</translation>
+    </message>
+</context>
+<context>
+    <name>ChartWords</name>
+    <message numerus="yes">
+        <source>%1 of %2, %n values, in %3.</source>
+        <translation>
+            <numerusform>%1 der %2, %n Wert, in %3.</numerusform>
+            <numerusform>%1 der %2, %n Werte, in %3.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>thousandths of a second</source>
+        <translation>Tausendstelsekunden</translation>
+    </message>
+    <message>
+        <source>ten-thousandths of a second</source>
+        <translation>Zehntausendstelsekunden</translation>
+    </message>
+    <message>
+        <source>hundredths of a second</source>
+        <translation>Hundertstelsekunden</translation>
+    </message>
+    <message>
+        <source>audio reaction times</source>
+        <translation>auditiven Reaktionszeiten</translation>
+    </message>
+    <message>
+        <source>visual reaction times</source>
+        <translation>visuellen Reaktionszeiten</translation>
+    </message>
+    <message>
+        <source>lowest value %1, lower quartile %2, median %3, upper quartile %4, highest value %5</source>
+        <translation>kleinster Wert %1, unteres Quartil %2, Median %3, oberes Quartil %4, größter Wert %5</translation>
+    </message>
+    <message>
+        <source>%1 to under %2</source>
+        <translation>%1 bis unter %2</translation>
+    </message>
 </context>
 <context>
     <name>ComparePage</name>
@@ -227,6 +321,68 @@ Untere Ausreißergrenze = Q1 - (1.5 x IQR) und obere Ausreißergrenze = Q3 + (1.
     <message>
         <source>the box plots</source>
         <translation>die Boxplots</translation>
+    </message>
+    <message>
+        <source>Comparison views</source>
+        <translation>Ansichten des Vergleichs</translation>
+    </message>
+    <message>
+        <source>Scatter graph</source>
+        <translation>Streudiagramm</translation>
+    </message>
+    <message>
+        <source>Correlation scale</source>
+        <translation>Korrelationsskala</translation>
+    </message>
+    <message>
+        <source>Box plots</source>
+        <translation>Boxplots</translation>
+    </message>
+    <message>
+        <source>Spearman&apos;s rank table</source>
+        <translation>Tabelle der Rangkorrelation nach Spearman</translation>
+    </message>
+    <message>
+        <source>Details of the visual box plot</source>
+        <translation>Einzelheiten zum visuellen Boxplot</translation>
+    </message>
+    <message>
+        <source>Details of the audio box plot</source>
+        <translation>Einzelheiten zum auditiven Boxplot</translation>
+    </message>
+    <message numerus="yes">
+        <source>Scatter graph of audio against visual reaction times, %n pairs, in hundredths of a second.</source>
+        <translation>
+            <numerusform>Streudiagramm der auditiven gegen die visuellen Reaktionszeiten, %n Paar, in Hundertstelsekunden.</numerusform>
+            <numerusform>Streudiagramm der auditiven gegen die visuellen Reaktionszeiten, %n Paare, in Hundertstelsekunden.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The points are shown; their mean point is (%1, %2).</source>
+        <translation>Die Punkte sind eingezeichnet; ihr Mittelwertpunkt ist (%1, %2).</translation>
+    </message>
+    <message>
+        <source>Correlation scale from perfect negative correlation, -1, through no correlation, 0, to perfect positive correlation, 1.</source>
+        <translation>Korrelationsskala von perfekter negativer Korrelation, -1, über keine Korrelation, 0, bis zu perfekter positiver Korrelation, 1.</translation>
+    </message>
+    <message>
+        <source>The arrow marks Spearman&apos;s rank correlation coefficient r %1.</source>
+        <translation>Der Pfeil zeigt den Rangkorrelationskoeffizienten nach Spearman, r %1.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Box plots of visual and audio reaction times, %n pairs, in hundredths of a second.</source>
+        <translation>
+            <numerusform>Boxplots der visuellen und auditiven Reaktionszeiten, %n Paar, in Hundertstelsekunden.</numerusform>
+            <numerusform>Boxplots der visuellen und auditiven Reaktionszeiten, %n Paare, in Hundertstelsekunden.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Visual: %1.</source>
+        <translation>Visuell: %1.</translation>
+    </message>
+    <message>
+        <source>Audio: %1.</source>
+        <translation>Auditiv: %1.</translation>
     </message>
 </context>
 <context>
@@ -553,6 +709,14 @@ Untere Ausreißergrenze = Q1 - (1.5 x IQR) und obere Ausreißergrenze = Q3 + (1.
         <source>Data Collected: (</source>
         <translation>Gesammelte Daten: (</translation>
     </message>
+    <message>
+        <source>Visual reaction times</source>
+        <translation>Visuelle Reaktionszeiten</translation>
+    </message>
+    <message>
+        <source>Audio reaction times</source>
+        <translation>Auditive Reaktionszeiten</translation>
+    </message>
 </context>
 <context>
     <name>DataFiles</name>
@@ -827,6 +991,85 @@ Die gesammelten Daten sind unverändert.</translation>
         <source>the cumulative frequency plot</source>
         <translation>die Summenhäufigkeitskurve</translation>
     </message>
+    <message>
+        <source>Sort data</source>
+        <translation>Daten sortieren</translation>
+    </message>
+    <message>
+        <source>Grouped data views</source>
+        <translation>Ansichten der klassierten Daten</translation>
+    </message>
+    <message>
+        <source>Tally and frequency table</source>
+        <translation>Strichliste und Häufigkeitstabelle</translation>
+    </message>
+    <message>
+        <source>Estimated mean table</source>
+        <translation>Tabelle des geschätzten Mittelwerts</translation>
+    </message>
+    <message>
+        <source>Cumulative frequency table</source>
+        <translation>Tabelle der Summenhäufigkeiten</translation>
+    </message>
+    <message>
+        <source>Cumulative frequency plot</source>
+        <translation>Summenhäufigkeitskurve</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n classes from %1 to %2.</source>
+        <translation>
+            <numerusform>%n Klasse von %1 bis %2.</numerusform>
+            <numerusform>%n Klassen von %1 bis %2.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1: midpoint %2 times frequency %3 is %4</source>
+        <translation>%1: Klassenmitte %2 mal Häufigkeit %3 ist %4</translation>
+    </message>
+    <message>
+        <source>(%1, %2)</source>
+        <translation>(%1, %2)</translation>
+    </message>
+    <message>
+        <source>Frequencies: %1.</source>
+        <translation>Häufigkeiten: %1.</translation>
+    </message>
+    <message>
+        <source>Total frequency %1, total of the products %2.</source>
+        <translation>Summe der Häufigkeiten %1, Summe der Produkte %2.</translation>
+    </message>
+    <message>
+        <source>Cumulative frequencies: %1.</source>
+        <translation>Summenhäufigkeiten: %1.</translation>
+    </message>
+    <message>
+        <source>Points of the curve, time and cumulative frequency: %1.</source>
+        <translation>Punkte der Kurve, Zeit und Summenhäufigkeit: %1.</translation>
+    </message>
+    <message>
+        <source>median</source>
+        <translation>Median</translation>
+    </message>
+    <message>
+        <source>lower quartile</source>
+        <translation>unteres Quartil</translation>
+    </message>
+    <message>
+        <source>upper quartile</source>
+        <translation>oberes Quartil</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>Read from the curve: %1.</source>
+        <translation>An der Kurve abgelesen: %1.</translation>
+    </message>
 </context>
 <context>
     <name>MainFrm</name>
@@ -1022,6 +1265,26 @@ Das Programm startet mit seinen eigenen Einstellungen und Tönen und ändert die
     <message>
         <source>(by space bar)</source>
         <translation>(mit Leertaste)</translation>
+    </message>
+    <message>
+        <source>Ready? Press Start, then click a Zorvane as soon as it pops up!</source>
+        <translation>Bereit? Drücke auf Start und klicke auf einen Zorvane, sobald er auftaucht!</translation>
+    </message>
+    <message>
+        <source>Reaction times of this run</source>
+        <translation>Reaktionszeiten dieses Durchgangs</translation>
+    </message>
+    <message>
+        <source>Number of Zorvanes</source>
+        <translation>Anzahl der Zorvanes</translation>
+    </message>
+    <message>
+        <source>Number of attempts</source>
+        <translation>Anzahl der Versuche</translation>
+    </message>
+    <message>
+        <source>Zorvane %1</source>
+        <translation>Zorvane %1</translation>
     </message>
 </context>
 <context>

@@ -167,12 +167,15 @@ public:
     }
 
     // Median, lower and upper quartile, each found by looking along its row for the curve.
-    void DrawReadingLines()
+    std::array<int, 3> DrawReadingLines()
     {
         m_f.ForeColor(AnswerColour);
         m_f.surface().SetDrawStyle(2);
-        for (double target : {m_total / 2.0, m_total / 4.0, m_total * 0.75})
-            DrawReadingLine(target);
+        std::array<int, 3> readings{};
+        const double targets[] = {m_total / 2.0, m_total / 4.0, m_total * 0.75};
+        for (size_t i = 0; i < readings.size(); ++i)
+            readings[i] = DrawReadingLine(targets[i]);
+        return readings;
     }
 
 private:
@@ -197,7 +200,8 @@ private:
         return QPoint(Pos(value * m_p) + m, m_f.h() - m - Pos(row.cumulative * m_v));
     }
 
-    void DrawReadingLine(double target)
+    // The reading, or -1 when the row meets no curve.
+    int DrawReadingLine(double target)
     {
         const int h = m_f.h();
         const int y = Pos(h - m - target * m_v);
@@ -206,7 +210,7 @@ private:
         while (x <= m_f.w() && m_f.surface().PixelAt(x, y) != 0)
             ++x;
         if (x > m_f.w())
-            return;
+            return -1;
         m_f.LineTo(x, y);
         m_f.LineTo(x, Pos(m / 2.0 + h - m));
         if (m_p == 0)
@@ -225,6 +229,7 @@ private:
         }
         m_f.Label(at, top, text, 16, AnswerColour);
         m_readings.push_back(Drawings::LabelInk(at, top, 16, 0, false, text));
+        return q;
     }
 
     bool TouchesReading(const QRect &ink) const
@@ -257,7 +262,7 @@ void DrawCFTable(PictureBox &pCF, std::vector<int> &groupedData, bool showCF)
     f.Finish();
 }
 
-void DrawCFPlot(PictureBox &ppCF, std::vector<int> &groupedData, bool showPlot, bool showQuartiles)
+std::array<int, 3> DrawCFPlot(PictureBox &ppCF, std::vector<int> &groupedData, bool showPlot, bool showQuartiles)
 {
     ChartFrame f(ppCF, 3, false);
     const ClassTable t = BuildClassTable(groupedData);
@@ -265,13 +270,15 @@ void DrawCFPlot(PictureBox &ppCF, std::vector<int> &groupedData, bool showPlot, 
     ppCF.SetDrawStyle(0);
     CFPlot plot(f, t);
     plot.DrawAxes();
+    std::array<int, 3> readings{-1, -1, -1};
     if (showPlot) {
         plot.DrawCurve();
         if (showQuartiles)
-            plot.DrawReadingLines();
+            readings = plot.DrawReadingLines();
     }
     f.Finish();
     ppCF.Refresh();
+    return readings;
 }
 
 } // namespace zrt

@@ -4,6 +4,7 @@
 
 #include "charts/PictureBox.h"
 
+#include <array>
 #include <vector>
 
 namespace zrt {
@@ -15,7 +16,9 @@ void DrawCFTable(PictureBox &pCF, std::vector<int> &groupedData, bool showCF);
 // Draws on ppCF. showPlot is true while cmdPlot reads "Hide Plot"; showQuartiles is
 // Check3.Value = 1. A reading line on a surface too narrow for one pixel per hundredth
 // divides by zero (RunTimeError).
-void DrawCFPlot(PictureBox &ppCF, std::vector<int> &groupedData, bool showPlot, bool showQuartiles);
+// Returns what the reading lines read, in hundredths, as they are printed under the axis:
+// median, lower quartile, upper quartile; -1 where no line was drawn.
+std::array<int, 3> DrawCFPlot(PictureBox &ppCF, std::vector<int> &groupedData, bool showPlot, bool showQuartiles);
 
 inline constexpr OleColor CurvePointColour = RGB(0, 255, 0);
 inline constexpr int CFPlotMargin = 30;

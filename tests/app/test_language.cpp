@@ -44,6 +44,7 @@ namespace {
 
 struct Entry {
     QString context, source, translation;
+    QStringList forms; // a text that counts: its singular and plural German, with %n
 };
 
 // The entries of the German .ts as lupdate wrote them, read once.
@@ -65,11 +66,20 @@ const std::vector<Entry> &TsEntries()
         if (xml.name() == QLatin1String("name"))
             context = xml.readElementText();
         else if (xml.name() == QLatin1String("message"))
-            entry = Entry{context, {}, {}};
+            entry = Entry{context, {}, {}, {}};
         else if (xml.name() == QLatin1String("source"))
             entry.source = xml.readElementText();
         else if (xml.name() == QLatin1String("translation")) {
-            entry.translation = xml.readElementText();
+            // A text that counts holds one form per number instead of a text.
+            QString text;
+            while (!xml.atEnd() && !(xml.isEndElement() && xml.name() == QLatin1String("translation"))) {
+                xml.readNext();
+                if (xml.isCharacters())
+                    text += xml.text();
+                else if (xml.isStartElement() && xml.name() == QLatin1String("numerusform"))
+                    entry.forms << xml.readElementText();
+            }
+            entry.translation = entry.forms.isEmpty() ? text : entry.forms.join(QLatin1Char('\n'));
             entries.push_back(entry);
         }
     }
@@ -263,11 +273,21 @@ TEST(Language, EveryEntryOfTheGermanFileIsCompiledIn)
     ASSERT_TRUE(Language::load("de"));
     QStringList missing;
     for (const Entry &e : entries) {
-        if (e.translation.isEmpty())
+        const QByteArray context = e.context.toUtf8();
+        const QByteArray source = e.source.toUtf8();
+        if (e.translation.trimmed().isEmpty()) {
             missing << e.context + ": " + e.source + " (no German text)";
-        else if (QCoreApplication::translate(e.context.toUtf8().constData(), e.source.toUtf8().constData()) !=
-                 e.translation)
+        } else if (!e.forms.isEmpty()) {
+            // German has one form for one and another for more.
+            for (int n : {1, 2}) {
+                QString expected = e.forms.value(n - 1);
+                expected.replace(QStringLiteral("%n"), QString::number(n));
+                if (QCoreApplication::translate(context.constData(), source.constData(), nullptr, n) != expected)
+                    missing << e.context + ": " + e.source + QStringLiteral(" (n = %1)").arg(n);
+            }
+        } else if (QCoreApplication::translate(context.constData(), source.constData()) != e.translation) {
             missing << e.context + ": " + e.source;
+        }
     }
     Language::load("en");
     EXPECT_TRUE(missing.isEmpty()) << missing.join('\n').toStdString();

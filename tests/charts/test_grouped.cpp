@@ -209,7 +209,7 @@ TEST(CFPlot, PointsAndReadingLinesOnlyWhenAsked)
     PictureBox s;
     Prepare(s, 400, 300);
     std::vector<int> data = Sample();
-    DrawCFPlot(s, data, true, false);
+    EXPECT_EQ(DrawCFPlot(s, data, true, false), (std::array<int, 3>{-1, -1, -1})) << "no line, no reading";
     EXPECT_EQ(CountIn(s, QRect(0, 0, 400, 300), Maroon), 0);
     EXPECT_GT(CountIn(s, QRect(0, 0, 400, 300), CurvePointColour), 0);
 
@@ -266,7 +266,10 @@ TEST(CFPlot, HundredsOfResultsKeepTheLabelsApartAndTheReadingOnTheCurve)
     Prepare(s, 600, 400);
     s.SetRecording(true);
     std::vector<int> data = HundredAndTwenty();
-    DrawCFPlot(s, data, true, true);
+    const std::array<int, 3> readings = DrawCFPlot(s, data, true, true);
+    EXPECT_EQ(readings[0], 50) << "what the median's line reads is what it prints";
+    EXPECT_LT(readings[1], readings[0]);
+    EXPECT_GT(readings[2], readings[0]);
     EXPECT_FALSE(Overlapping(s.LabelInks()));
     for (const QRect &mark : s.Marks())
         EXPECT_TRUE(QRect(0, 0, 600, 400).contains(mark)) << mark.x() << "," << mark.y();

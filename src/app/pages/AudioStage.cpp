@@ -70,6 +70,7 @@ void AudioStage::build()
     Label10 = pages::NewLabel(this, tr("Reaction Times:"), QRect(kListLeft, kRunTop, kListWidth, 18), true);
     cl5 = new zrt::RowList(this);
     cl5->setGeometry(kListLeft, kListTop, kListWidth, tw(1710));
+    nameForScreenReaders();
 
     Timer1 = new QTimer(this);
     // The walker asks for the fastest tick; the classic desktop answered a 1 ms request about
@@ -98,6 +99,8 @@ void AudioStage::ensurePlayers()
                                   {QStringLiteral("Stretch"), 4},
                                   {QStringLiteral("DelayLoad"), 2}});
     ucGifPlayer2->setGeometry(width(), 220, 179, 174);
+    ucgif->setAccessibleName(tr("Zorvane to click when you hear the sound"));
+    ucGifPlayer2->setAccessibleName(tr("Walking Zorvane"));
     // Behind everything else on the stage, as if made first.
     ucGifPlayer2->lower();
     ucgif->lower();
@@ -107,6 +110,14 @@ void AudioStage::ensurePlayers()
     }
     P5_Resize();
     Q_EMIT playersMade();
+}
+
+void AudioStage::nameForScreenReaders()
+{
+    // The invitation is a picture with words in it.
+    IMmsg1->setAccessibleName(tr("Listen! Press Start, then click the Zorvane the moment you hear the sound."));
+    Label10->setBuddy(cl5);
+    cl5->setAccessibleName(tr("Audio reaction times of this run"));
 }
 
 void AudioStage::placeListenBalloon() { IMmsg1->move(ucgif->x() + ucgif->width() / 2, 0); }

@@ -65,6 +65,8 @@ Q_SIGNALS:
 
 private:
     void build();
+    // Names the controls whose captions stand beside them, for screen readers.
+    void nameForScreenReaders();
     void P5_Resize();
     void placeListenBalloon();
     void showVerdict(const QString &mean);

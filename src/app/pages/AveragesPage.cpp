@@ -2,6 +2,7 @@
 
 #include "app/MainMod1.h"
 #include "app/PlainFailures.h"
+#include "app/pages/ChartWords.h"
 #include "app/pages/DataColumn.h"
 #include "app/pages/PageContext.h"
 #include "app/pages/PageWidgets.h"
@@ -90,6 +91,7 @@ void AveragesPage::build()
     }
     buildQuestions();
     buildCharts();
+    nameForScreenReaders();
     connect(cl3, &zrt::RowList::ListIndexChange, this, [this] { m_context.guard([this] { cl3_Click(); }); });
     connect(Check1, &zrt::Check::Click, this, [this] { m_context.guard([this] { Q_EMIT sortChanged(); }); });
 }
@@ -146,6 +148,67 @@ void AveragesPage::buildCharts()
                 DrawStemLeaf();
         });
     });
+}
+
+void AveragesPage::nameForScreenReaders()
+{
+    Label6->setBuddy(DD3);
+    DD3->setAccessibleName(tr("Current data to the nearest"));
+    cl3->setAccessibleName(DD3->accessibleName());
+    t1->setAccessibleName(tr("Current data"));
+    lbsort->setBuddy(Check1);
+    Check1->setAccessibleName(tr("Sort data items"));
+    Tab1->setAccessibleName(tr("Averages views"));
+    cmdinfo->setAccessibleDescription(tr("What an outlier is"));
+    pBox->setAccessibleName(tr("Box plot"));
+    PicSL->setAccessibleName(tr("Stem and leaf diagram"));
+}
+
+void AveragesPage::describeCharts()
+{
+    const zrt::AnalysisResults &r = m_analysis.results;
+    // The answers are emptied whenever the data change and set again only by an analysis that
+    // succeeds; without them the results belong to data that are gone.
+    if (r.SampleSize == 0 || m_summaryAnswers[0].isEmpty()) {
+        pBox->setTextAlternative(QString());
+        PicSL->setTextAlternative(QString());
+        return;
+    }
+    const bool audio = m_column.visualChosen() != 1;
+    QString box = pages::ChartIntro(tr("Box plot"), audio, r.SampleSize, cl3->ListIndex());
+    if (m_boxPlotShown)
+        box = pages::Sentences({box, pages::FiveNumbers(r.LowestValue, r.LowerQuartile, r.MedianValue,
+                                                        r.UpperQuartile, r.HighestValue) +
+                                         QLatin1Char('.')});
+    pBox->setTextAlternative(box);
+
+    // The stem and leaf diagram is always in hundredths, of as many times as the visual list has.
+    const zrt::CollectedLists lists = m_column.collected();
+    const std::vector<std::string> &items = audio ? lists.audio : lists.visual;
+    QStringList stems;
+    QStringList leaves;
+    try {
+        std::vector<int> values(lists.visual.size(), 0);
+        const zrt::PrecisionScale hundredths = zrt::ScaleOfPrecision(0);
+        for (size_t i = 0; i < items.size() && i < values.size(); ++i)
+            values[i] = zrt::ScaledItem(items[i], hundredths);
+        for (const zrt::StemRow &row : zrt::StemRows(values)) {
+            stems << QString::fromStdString(row.stem);
+            const QString rowLeaves = QString::fromStdString(row.leaves).trimmed();
+            leaves << tr("stem %1: %2").arg(stems.back(), rowLeaves.isEmpty() ? tr("no leaves") : rowLeaves);
+        }
+    } catch (const zrt::RunTimeError &) {
+        // A list the diagram cannot show; the drawing reports it, the words say only what it is.
+        stems.clear();
+        leaves.clear();
+    }
+    QString diagram = pages::ChartIntro(tr("Stem and leaf diagram"), audio, static_cast<int>(lists.visual.size()), 0);
+    if (!stems.isEmpty())
+        diagram = pages::Sentences({diagram, tr("Stems %1 to %2.").arg(stems.front(), stems.back())});
+    if (m_leavesShown && !leaves.isEmpty())
+        diagram = pages::Sentences({diagram, leaves.join(QStringLiteral("; ")) + QLatin1Char('.'),
+                                    CoreTexts::tr(zrt::StemKeyText)});
+    PicSL->setTextAlternative(diagram);
 }
 
 void AveragesPage::toggleBoxPlot()
@@ -218,6 +281,7 @@ void AveragesPage::Reset_tags()
         return;
     l8->setText(QString());
     Clear_Displayed_Data();
+    describeCharts();
 }
 
 void AveragesPage::Clear_Displayed_Data()
@@ -266,11 +330,13 @@ void AveragesPage::Get_Averages()
     for (int i = 0; i < 4; ++i)
         m_spreadAnswers[i] = QString::fromStdString(answer.spreadAnswers[i]);
     l8->setText(CoreTexts::tr(answer.sampleSizeText).trimmed());
+    describeCharts();
 }
 
 void AveragesPage::DrawBoxPlot()
 {
     zrt::DrawBoxPlot(*pBox, m_analysis.AnalysisData, m_analysis.results, cl3->ListIndex(), m_boxPlotShown);
+    describeCharts();
 }
 
 void AveragesPage::DrawStemLeaf()
@@ -284,6 +350,7 @@ void AveragesPage::DrawStemLeaf()
         zrt::ExplainListFailure(e, lists, zrt::AnalysisKind::Averages, audio);
         throw;
     }
+    describeCharts();
 }
 
 void AveragesPage::ShowOutliersHelp() { pages::Explain(tr(kOutliersText), tr("Outliers"), window(), 8055, 60); }

@@ -73,6 +73,10 @@ private:
     void build();
     void buildQuestions();
     void buildCharts();
+    // Names the controls whose captions stand beside them, for screen readers.
+    void nameForScreenReaders();
+    // Writes what each chart shows into its text alternative: the revealed answers only.
+    void describeCharts();
     void layoutPage();
     void showTabFrame(int tab);
     void toggleBoxPlot();

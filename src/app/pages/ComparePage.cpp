@@ -1,6 +1,7 @@
 #include "app/pages/ComparePage.h"
 
 #include "app/PlainFailures.h"
+#include "app/pages/ChartWords.h"
 #include "app/pages/DataColumn.h"
 #include "app/pages/PageContext.h"
 #include "app/pages/PageWidgets.h"
@@ -68,6 +69,55 @@ void ComparePage::build()
     zrt::ChartPictureMenu::Attach(pFR[2], tr("the box plots"));
     buildRankTab();
     buildBoxPlotsTab();
+    nameForScreenReaders();
+}
+
+void ComparePage::nameForScreenReaders()
+{
+    Label9->setBuddy(Text1);
+    ShapedTabs1->setAccessibleName(tr("Comparison views"));
+    pFR[0]->setAccessibleName(tr("Scatter graph"));
+    pFR[1]->setAccessibleName(tr("Correlation scale"));
+    pFR[2]->setAccessibleName(tr("Box plots"));
+    ucTableView1->setAccessibleName(tr("Spearman's rank table"));
+    for (int i = 0; i < 2; ++i)
+        cmdarr[i]->setAccessibleDescription(i == 0 ? tr("Details of the visual box plot")
+                                                    : tr("Details of the audio box plot"));
+}
+
+void ComparePage::describeCharts()
+{
+    if (!m_analysis.CompareReady) {
+        for (auto *surface : pFR)
+            surface->setTextAlternative(QString());
+        return;
+    }
+    const int pairs = VisualSummary.count;
+    QString scatter = tr("Scatter graph of audio against visual reaction times, %n pairs, in hundredths of a second.",
+                         nullptr, pairs);
+    if (m_coordinatesShown)
+        scatter = pages::Sentences({scatter, tr("The points are shown; their mean point is (%1, %2).")
+                                                 .arg(pages::Number(VisualSummary.mean),
+                                                      pages::Number(AudioSummary.mean))});
+    pFR[0]->setTextAlternative(scatter);
+
+    QString scale = tr("Correlation scale from perfect negative correlation, -1, through no correlation, 0, to "
+                       "perfect positive correlation, 1.");
+    if (!lbSR->isHidden())
+        scale = pages::Sentences({scale, tr("The arrow marks Spearman's rank correlation coefficient r %1.")
+                                             .arg(lbSR->text())});
+    pFR[1]->setTextAlternative(scale);
+
+    QString boxes = tr("Box plots of visual and audio reaction times, %n pairs, in hundredths of a second.", nullptr,
+                       pairs);
+    if (m_boxPlotsShown) {
+        auto five = [](const zrt::BoxSummary &s) {
+            return pages::FiveNumbers(s.lowest, s.lowerQuartile, s.median, s.upperQuartile, s.highest);
+        };
+        boxes = pages::Sentences({boxes, tr("Visual: %1.").arg(five(VisualSummary)),
+                                  tr("Audio: %1.").arg(five(AudioSummary))});
+    }
+    pFR[2]->setTextAlternative(boxes);
 }
 
 void ComparePage::buildRankTab()
@@ -186,8 +236,11 @@ void ComparePage::Get_Compare_Data()
         throw;
     }
     Text1->setPlainText(CoreTexts::tr(answer.pairsText).trimmed());
-    if (!answer.analysed)
+    if (!answer.analysed) {
+        for (auto *surface : pFR)
+            surface->setTextAlternative(QString());
         return;
+    }
     ld->setText(QString::fromStdString(answer.table.squaredDifferencesText));
     lbSR->setText(QString::fromStdString(answer.table.coefficientText));
     ucTableView1->Clear();
@@ -202,6 +255,7 @@ void ComparePage::Get_Compare_Data()
     DrawScatterGraph();
     DrawCompareBoxPlots();
     m_analysis.CompareReady = true;
+    describeCharts();
 }
 
 void ComparePage::cmdSR_Click()
@@ -214,6 +268,7 @@ void ComparePage::cmdSR_Click()
         pFR[1]->Cls();
         pFR[1]->Refresh();
     }
+    describeCharts();
 }
 
 void ComparePage::DrawScatterGraph()

@@ -59,6 +59,10 @@ private:
     void layoutPage();
     void layoutRankTab();
     void showTabFrame(int tab);
+    // Names the controls whose captions stand beside them, for screen readers.
+    void nameForScreenReaders();
+    // Writes what each chart shows into its text alternative: the revealed answers only.
+    void describeCharts();
 
     PageContext &m_context;
     zrt::AnalysisState &m_analysis;

@@ -64,7 +64,15 @@ void DataColumn::build()
     Check5[0]->setValue(1);
     Check5[1]->move(CL4->x() + 1, Check5[0]->y());
     keepListsInStep();
+    nameForScreenReaders();
     connect(this, &PagePanel::Resize, this, [this] { m_context.guard([this] { arange_data_lists(); }); });
+}
+
+void DataColumn::nameForScreenReaders()
+{
+    // The check boxes above the lists are their captions, but a check box cannot be a buddy.
+    cl2->setAccessibleName(tr("Visual reaction times"));
+    CL4->setAccessibleName(tr("Audio reaction times"));
 }
 
 void DataColumn::keepListsInStep()

@@ -61,6 +61,8 @@ Q_SIGNALS:
 
 private:
     void build();
+    // Names the controls whose captions stand beside them, for screen readers.
+    void nameForScreenReaders();
     void keepListsInStep();
     bool paired() const { return m_paired ? m_paired() : true; }
 

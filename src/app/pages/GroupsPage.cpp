@@ -2,6 +2,7 @@
 
 #include "app/MainMod1.h"
 #include "app/PlainFailures.h"
+#include "app/pages/ChartWords.h"
 #include "app/pages/DataColumn.h"
 #include "app/pages/PageContext.h"
 #include "app/pages/PageWidgets.h"
@@ -79,6 +80,7 @@ void GroupsPage::build()
     zrt::ChartPictureMenu::Attach(ppCF, tr("the cumulative frequency plot"));
     buildShowButtons();
     keepChartsOnResize();
+    nameForScreenReaders();
     connect(Check2, &zrt::Check::Click, this, [this] { m_context.guard([this] { Q_EMIT sortChanged(); }); });
 }
 
@@ -112,6 +114,86 @@ void GroupsPage::buildShowButtons()
                 DrawCFPlot();
         });
     });
+}
+
+void GroupsPage::nameForScreenReaders()
+{
+    Label8->setBuddy(t4);
+    lbsort1->setBuddy(Check2);
+    Check2->setAccessibleName(tr("Sort data"));
+    Tab2->setAccessibleName(tr("Grouped data views"));
+    ptally->setAccessibleName(tr("Tally and frequency table"));
+    pEmean->setAccessibleName(tr("Estimated mean table"));
+    pCF->setAccessibleName(tr("Cumulative frequency table"));
+    ppCF->setAccessibleName(tr("Cumulative frequency plot"));
+}
+
+void GroupsPage::describeCharts()
+{
+    if (!m_analysis.GroupedReady) {
+        for (auto *surface : {ptally, pEmean, pCF, ppCF})
+            surface->setTextAlternative(QString());
+        return;
+    }
+    std::vector<int> data = m_analysis.GroupedData;
+    const zrt::ClassTable t = zrt::BuildClassTable(data);
+    const bool audio = m_column.visualChosen() != 1;
+    const int count = static_cast<int>(data.size());
+    QString classes;
+    QStringList frequencies, products, cumulative, points;
+    if (!t.rows.empty()) {
+        classes = tr("%n classes from %1 to %2.", nullptr, static_cast<int>(t.rows.size()))
+                      .arg(t.lowestStem * 10)
+                      .arg((t.highestStem + 1) * 10);
+        for (const zrt::ClassRow &row : t.rows) {
+            frequencies << tr("%1: %2").arg(pages::ClassWords(row.stem, row.stem)).arg(row.frequency);
+            products << tr("%1: midpoint %2 times frequency %3 is %4")
+                            .arg(pages::ClassWords(row.stem, row.stem))
+                            .arg(row.midpoint)
+                            .arg(row.frequency)
+                            .arg(row.product);
+            cumulative << tr("%1: %2").arg(pages::ClassWords(t.lowestStem, row.stem)).arg(row.cumulative);
+            points << tr("(%1, %2)").arg((row.stem + 1) * 10).arg(row.cumulative);
+        }
+    }
+    const QString frequencyWords = tr("Frequencies: %1.").arg(frequencies.join(QStringLiteral("; ")));
+
+    QString tally = pages::Sentences({pages::ChartIntro(tr("Tally and frequency table"), audio, count, 0), classes});
+    if (m_shown.tally && !t.rows.empty())
+        tally = pages::Sentences({tally, frequencyWords});
+    ptally->setTextAlternative(tally);
+
+    QString mean = pages::Sentences({pages::ChartIntro(tr("Estimated mean table"), audio, count, 0), classes});
+    if (m_shown.results && t.frequencyTotal > 0)
+        mean = pages::Sentences({mean, products.join(QStringLiteral("; ")) + QLatin1Char('.'),
+                                 tr("Total frequency %1, total of the products %2.")
+                                     .arg(t.frequencyTotal)
+                                     .arg(t.productTotal),
+                                 CoreTexts::tr(zrt::EstimatedMeanText(t))});
+    pEmean->setTextAlternative(mean);
+
+    // The frequencies stand in this table before its button is pressed; the button adds the
+    // cumulative ones.
+    QString table = pages::Sentences({pages::ChartIntro(tr("Cumulative frequency table"), audio, count, 0), classes,
+                                      t.rows.empty() ? QString() : frequencyWords});
+    if (m_shown.cumulative && !t.rows.empty())
+        table = pages::Sentences(
+            {table, tr("Cumulative frequencies: %1.").arg(cumulative.join(QStringLiteral("; ")))});
+    pCF->setTextAlternative(table);
+
+    QString plot = pages::ChartIntro(tr("Cumulative frequency plot"), audio, count, 0);
+    if (m_shown.plot && !t.rows.empty()) {
+        plot = pages::Sentences({plot, tr("Points of the curve, time and cumulative frequency: %1.")
+                                           .arg(points.join(QStringLiteral(", ")))});
+        const QString names[] = {tr("median"), tr("lower quartile"), tr("upper quartile")};
+        QStringList readings;
+        for (size_t i = 0; i < m_readings.size(); ++i)
+            if (m_readings[i] >= 0)
+                readings << tr("%1 %2").arg(names[i]).arg(m_readings[i]);
+        if (Check3->Value() == 1 && !readings.isEmpty())
+            plot = pages::Sentences({plot, tr("Read from the curve: %1.").arg(readings.join(QStringLiteral(", ")))});
+    }
+    ppCF->setTextAlternative(plot);
 }
 
 void GroupsPage::togglePlot()
@@ -215,19 +297,38 @@ void GroupsPage::Get_Grouped_Data()
         throw;
     }
     t4->setPlainText(CoreTexts::tr(answer.dataText).trimmed());
-    if (!answer.analysed)
+    // What the plot read belongs to the data it was drawn from.
+    m_readings = {-1, -1, -1};
+    if (!answer.analysed) {
+        for (auto *surface : {ptally, pEmean, pCF, ppCF})
+            surface->setTextAlternative(QString());
         return;
+    }
     DrawTally();
     m_analysis.GroupedReady = true;
+    describeCharts();
 }
 
-void GroupsPage::DrawTally() { zrt::DrawTally(*ptally, m_analysis.GroupedData, m_shown.tally); }
+void GroupsPage::DrawTally()
+{
+    zrt::DrawTally(*ptally, m_analysis.GroupedData, m_shown.tally);
+    describeCharts();
+}
 
-void GroupsPage::DrawEstimatedMean() { zrt::DrawEstimatedMean(*pEmean, m_analysis.GroupedData, m_shown.results); }
+void GroupsPage::DrawEstimatedMean()
+{
+    zrt::DrawEstimatedMean(*pEmean, m_analysis.GroupedData, m_shown.results);
+    describeCharts();
+}
 
-void GroupsPage::DrawCFTable() { zrt::DrawCFTable(*pCF, m_analysis.GroupedData, m_shown.cumulative); }
+void GroupsPage::DrawCFTable()
+{
+    zrt::DrawCFTable(*pCF, m_analysis.GroupedData, m_shown.cumulative);
+    describeCharts();
+}
 
 void GroupsPage::DrawCFPlot()
 {
-    zrt::DrawCFPlot(*ppCF, m_analysis.GroupedData, m_shown.plot, Check3->Value() == 1);
+    m_readings = zrt::DrawCFPlot(*ppCF, m_analysis.GroupedData, m_shown.plot, Check3->Value() == 1);
+    describeCharts();
 }

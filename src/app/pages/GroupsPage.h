@@ -60,9 +60,15 @@ private:
     void layoutPage();
     void showTabFrame(int tab);
     void togglePlot();
+    // Names the controls whose captions stand beside them, for screen readers.
+    void nameForScreenReaders();
+    // Writes what each chart shows into its text alternative: the revealed answers only.
+    void describeCharts();
 
     PageContext &m_context;
     zrt::AnalysisState &m_analysis;
     DataColumn &m_column;
     Shown m_shown;
+    // What the plot's reading lines read when it was last drawn; -1 for none.
+    std::array<int, 3> m_readings{-1, -1, -1};
 };

@@ -78,6 +78,7 @@ void RecordPage::build()
     cl1 = new zrt::RowList(this);
     cl1->setGeometry(kListLeft, kListTop, kListWidth, tw(1710));
     buildSettingsPanel();
+    nameForScreenReaders();
     sizeVerdict();
     connect(this, &PagePanel::Resize, this, [this] { m_context.guard([this] { P3_Resize(); }); });
 
@@ -152,6 +153,22 @@ void RecordPage::buildSettingsPanel()
     const int width = std::max({listLeft + kSettingsListWidth, kSettingsMargin + checkWidth, kSettingsMargin + spaceWidth}) +
                       kSettingsMargin;
     pSettings->setGeometry(0, kSettingsTop, width, kPageHeight - kSettingsTop);
+}
+
+void RecordPage::nameForScreenReaders()
+{
+    // The invitation is a picture with words in it.
+    IMmsg->setAccessibleName(tr("Ready? Press Start, then click a Zorvane as soon as it pops up!"));
+    Label2->setBuddy(cl1);
+    cl1->setAccessibleName(tr("Reaction times of this run"));
+    Label1[0]->setBuddy(dd1);
+    dd1->setAccessibleName(tr("Number of Zorvanes"));
+    List1->setAccessibleName(dd1->accessibleName());
+    Label1[1]->setBuddy(DD2);
+    DD2->setAccessibleName(tr("Number of attempts"));
+    List2->setAccessibleName(DD2->accessibleName());
+    for (size_t i = 0; i < ucGifPlayer1.size(); ++i)
+        ucGifPlayer1[i]->setAccessibleName(tr("Zorvane %1").arg(i + 1));
 }
 
 // ---------------------------------------------------------------- layout
@@ -310,6 +327,7 @@ void RecordPage::BuildCharacterRow()
         connect(character, &zrt::ucGifPlayer::MouseDown, this,
                 [this, i] { m_context.guard([this, i] { ucGifPlayer1_MouseDown(i); }); });
     }
+    nameForScreenReaders();
     const int width = ucGifPlayer1[0]->width();
     const int offset = (this->width() - n * width) / 2;
     for (int i = 0; i < n; ++i)

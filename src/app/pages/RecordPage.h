@@ -86,6 +86,8 @@ Q_SIGNALS:
 
 private:
     void build();
+    // Names the controls whose captions stand beside them, for screen readers.
+    void nameForScreenReaders();
     void buildSettingsPanel();
     void P3_Resize();
     void layoutRunColumn(int inner);
