@@ -16,6 +16,7 @@
 #include "dialogs/AboutFrm.h"
 #include "dialogs/MsgBox.h"
 #include "files/REGbas1.h"
+#include "gfx/BakedPicture.h"
 #include "i18n/CoreTexts.h"
 #include "reaction/SoundBas.h"
 #include "toolbar/ThemedToolbar.h"
@@ -163,7 +164,7 @@ void MainFrm::buildPages()
 void MainFrm::buildToolbar()
 {
     ThemedToolbar1 = new ThemedToolbar(Ptoolbar);
-    const QImage strip(QStringLiteral(":/images/toolbar.png"));
+    const QImage strip = zrt::StartupPicture(QStringLiteral(":/images/toolbar.png"));
     struct Item {
         const char *key, *tip;
         int cell;

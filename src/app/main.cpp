@@ -4,10 +4,12 @@
 #include "app/MainFrm.h"
 #include "app/MainMod1.h"
 #include "app/TestProbe.h"
+#include "gfx/BakedPicture.h"
 
 #include <QApplication>
 #include <QIcon>
 #include <QMessageBox>
+#include <QPixmap>
 
 namespace {
 
@@ -17,7 +19,7 @@ QIcon ProgramIcon()
 {
     QIcon icon;
     for (const int size : {16, 24, 32, 48, 64, 128})
-        icon.addFile(QStringLiteral(":/images/icon-%1.png").arg(size), QSize(size, size));
+        icon.addPixmap(QPixmap::fromImage(zrt::StartupPicture(QStringLiteral(":/images/icon-%1.png").arg(size))));
     return icon;
 }
 

@@ -52,13 +52,11 @@ RecordPage::RecordPage(PageContext &context, DataColumn &column, QWidget *parent
 void RecordPage::build()
 {
     setBackColor(QColor(236, 240, 226));
-    QImage stage = zrt::BakedPicture(QStringLiteral(":/baked/record_stage.rgb32"));
-    if (stage.isNull())
-        stage = QImage(QStringLiteral(":/images/record_stage.png"));
-    setPicture(stage);
+    setPicture(zrt::StartupPicture(QStringLiteral(":/images/record_stage.png")));
 
     IMmsg = new QLabel(this);
-    IMmsg->setPixmap(QPixmap(PictureInLanguage(QStringLiteral(":/images/start_invitation.png"))));
+    const QString invitation = PictureInLanguage(QStringLiteral(":/images/start_invitation.png"));
+    IMmsg->setPixmap(QPixmap::fromImage(zrt::StartupPicture(invitation)));
     IMmsg->resize(225, 178);
 
     command1 = pages::NewButton(m_context, this, tr("Start"), QRect(0, kRunTop, kStartWidth, kButtonHeight),
