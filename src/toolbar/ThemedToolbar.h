@@ -149,7 +149,8 @@ public:
     void setcMenuGroupTitle(int n, const QString &text);
     // Actions of the client's own after the menu's items, under a heading of their own.
     void setClientMenuGroup(const QString &title, const QList<QAction *> &actions);
-    ToolbarMenu *Menu() const { return m_menu; }
+    // The menu with the present items, title, language and schemes.
+    ToolbarMenu *Menu() const;
     void ShowMenu(const QPoint &globalPos);
     void ShowChevron();
     void HideChevron();
@@ -241,6 +242,7 @@ private:
     ToolbarSurface *m_picRight = nullptr;
     ToolbarSurface *m_picChevron = nullptr; // a top-level window of its own
     ToolbarMenu *m_menu = nullptr;
+    mutable bool m_menuStale = true; // its properties changed since it was last built
     MessageEngine *m_engine = nullptr;
 
     bool m_mouseInside = false;

@@ -151,7 +151,17 @@ void ThemedToolbar::HideChevron()
 
 void ThemedToolbar::RefreshMenu()
 {
-    m_menu->Rebuild(m_menuTitle, m_menuItems, m_menuLanguage, m_showMenuColor, m_themeColor);
+    // Rebuilt when next looked at or opened: setting up a bar sets many menu properties in a row.
+    m_menuStale = true;
+}
+
+ToolbarMenu *ThemedToolbar::Menu() const
+{
+    if (m_menuStale) {
+        m_menuStale = false;
+        m_menu->Rebuild(m_menuTitle, m_menuItems, m_menuLanguage, m_showMenuColor, m_themeColor);
+    }
+    return m_menu;
 }
 
 void ThemedToolbar::setMenuLanguage(int v)
@@ -200,7 +210,7 @@ void ThemedToolbar::setcMenuItemTitle(const QString &text)
 
 void ThemedToolbar::ShowMenu(const QPoint &globalPos)
 {
-    if (!m_menu->isEmpty())
+    if (!Menu()->isEmpty())
         m_menu->popup(globalPos);
 }
 

@@ -534,6 +534,33 @@ TEST(ThemedToolbarMenu, InformationMenuAndSchemes)
     EXPECT_EQ(ErrorText([&] { bar.setcMenuItem(7, "x"); }), "Invalid property array index");
 }
 
+TEST(ThemedToolbarMenu, ItemsSetInARowShowTheirLastValuesAndTheClientsGroupFollows)
+{
+    ThemedToolbar bar;
+    for (int n = 1; n <= 6; ++n)
+        bar.setcMenuItem(n, QStringLiteral("Item %1").arg(n));
+    bar.setcMenuItem(3, "Third");
+    QAction english("English"), german("Deutsch");
+    bar.setClientMenuGroup("Language", {&english, &german});
+    QAction *third = bar.Menu()->ItemAction(3);
+    ASSERT_NE(third, nullptr);
+    EXPECT_EQ(third->text(), "Third");
+    EXPECT_EQ(bar.Menu()->ItemAction(6)->text(), "Item 6");
+    EXPECT_EQ(bar.Menu()->ItemAction(3), third) << "looking again does not build the menu again";
+    const QList<QAction *> actions = bar.Menu()->actions();
+    const qsizetype heading = actions.indexOf(actions.at(actions.indexOf(&english) - 1));
+    EXPECT_TRUE(actions.at(heading)->isSeparator());
+    EXPECT_EQ(actions.at(heading)->text(), "Language");
+    EXPECT_GT(actions.indexOf(&english), actions.indexOf(bar.Menu()->ItemAction(6))) << "after the items";
+    EXPECT_EQ(actions.indexOf(&german), actions.indexOf(&english) + 1);
+
+    bar.setcMenuItem(3, QString());
+    EXPECT_EQ(bar.Menu()->ItemAction(3), nullptr);
+    EXPECT_TRUE(bar.Menu()->actions().contains(&german)) << "the client's actions outlive a rebuild";
+    bar.setClientMenuGroup("Language", {});
+    EXPECT_FALSE(bar.Menu()->actions().contains(&german));
+}
+
 TEST(ThemedToolbarMenu, DialogsAnsweredWithoutAPerson)
 {
     ThemedToolbar bar;
