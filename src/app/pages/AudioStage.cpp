@@ -91,7 +91,11 @@ void AudioStage::build()
     Timer1->setInterval(16);
     connect(Timer1, &QTimer::timeout, this, [this] { m_context.guard([this] { Timer1_Timer(); }); });
     connect(this, &PagePanel::Resize, this, [this] { m_context.guard([this] { P5_Resize(); }); });
+    orderTabs();
 }
+
+// As on the Record page: the list of times, then Start, Add and Cancel.
+void AudioStage::orderTabs() { pages::TabOrder({cl5, cmdStartAudio, cmdadd[0], cmdadd[1]}); }
 
 void AudioStage::placeListenBalloon() { IMmsg1->move(ucgif->x() + ucgif->width() / 2, 0); }
 

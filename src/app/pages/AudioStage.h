@@ -60,6 +60,7 @@ public:
 
 private:
     void build();
+    void orderTabs();
     void P5_Resize();
     void placeListenBalloon();
     void showVerdict(const QString &mean);

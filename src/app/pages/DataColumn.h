@@ -61,6 +61,7 @@ Q_SIGNALS:
 
 private:
     void build();
+    void orderTabs();
     void keepListsInStep();
     bool paired() const { return m_paired ? m_paired() : true; }
 

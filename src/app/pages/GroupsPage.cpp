@@ -75,7 +75,11 @@ void GroupsPage::build()
     buildShowButtons();
     keepChartsOnResize();
     connect(Check2, &zrt::Check::Click, this, [this] { m_context.guard([this] { Q_EMIT sortChanged(); }); });
+    orderTabs();
 }
+
+// The plot's tab holds the quartiles' box left of the show button: Tab takes it first.
+void GroupsPage::orderTabs() { pages::TabOrder({Check3, cmdPlot}); }
 
 void GroupsPage::buildShowButtons()
 {

@@ -52,6 +52,7 @@ Q_SIGNALS:
 
 private:
     void build();
+    void orderTabs();
     void buildShowButtons();
     void keepChartsOnResize();
     void layoutPage();

@@ -93,6 +93,19 @@ zrt::ShapedTabs *NewTabs(const PageContext &context, QWidget *page, const QStrin
     return tabs;
 }
 
+void TabOrder(std::initializer_list<QWidget *> order)
+{
+    QWidget *previous = nullptr;
+    for (QWidget *next : order) {
+        // A list takes the focus in its inner surface, which is what the chain holds.
+        while (next->focusProxy())
+            next = next->focusProxy();
+        if (previous)
+            QWidget::setTabOrder(previous, next);
+        previous = next;
+    }
+}
+
 } // namespace pages
 
 QByteArray ResourceBytes(const QString &path)
