@@ -158,6 +158,19 @@ TEST(ScaleJourney, WholeSessionAtTwiceTheScale)
     ASSERT_TRUE(p.waitUntil([&] { return !p.text(QStringLiteral("lb1_3")).isEmpty(); })) << "the mean stays hidden";
     p.shot(QStringLiteral("scale2_averages_mean"));
     ExpectNoCaptionClipped(p, QStringLiteral("Averages"), {"cmd1_0", "cmd1_3", "cmdshowall", "lb1_3", "Label6"});
+    // By keys through the X server: Tab reaches the tab strip, whose mark shows, and Right
+    // chooses the next tab; the next Tab goes to that tab's first question.
+    p.focusMainWindow();
+    const QRect strip = p.control(QStringLiteral("Tab1")).rect;
+    const QImage unmarked = p.region(strip);
+    ASSERT_TRUE(p.tabTo(QStringLiteral("Tab1")));
+    p.settle(200);
+    EXPECT_NE(p.region(strip), unmarked) << "no focus mark on the tab strip";
+    p.key("Right");
+    ASSERT_TRUE(p.waitUntil([&] { return p.control(QStringLiteral("cmd2_0")).visible; }));
+    p.key("Tab");
+    EXPECT_EQ(p.ask(QStringLiteral("focus")), QStringLiteral("cmd2_0"));
+    p.shot(QStringLiteral("scale2_averages_by_keys"));
     p.click(p.tab(QStringLiteral("Tab1"), 2));
     ASSERT_TRUE(p.waitUntil([&] { return p.control(QStringLiteral("cmdBP")).visible; }));
     p.click(QStringLiteral("cmdBP"));
