@@ -95,15 +95,23 @@ zrt::ShapedTabs *NewTabs(const PageContext &context, QWidget *page, const QStrin
 
 void TabOrder(std::initializer_list<QWidget *> order)
 {
+    // A list takes the focus in its inner surface, its focus proxy, and that surface is what
+    // moves in the chain; Tab also stops at the list itself wherever the list stands, so the list
+    // is set in front of its surface again once the surface has moved (setting its proxy anew
+    // does that).
     QWidget *previous = nullptr;
     for (QWidget *next : order) {
-        // A list takes the focus in its inner surface, which is what the chain holds.
         while (next->focusProxy())
             next = next->focusProxy();
         if (previous)
             QWidget::setTabOrder(previous, next);
         previous = next;
     }
+    for (QWidget *control : order)
+        if (QWidget *proxy = control->focusProxy()) {
+            control->setFocusProxy(nullptr);
+            control->setFocusProxy(proxy);
+        }
 }
 
 } // namespace pages
