@@ -7,17 +7,16 @@
 #include "controls/GlossButton.h"
 #include "controls/RowList.h"
 #include "controls/ShapedTabs.h"
-#include "toolbar/ThemedToolbar.h"
-
 #include "gfx/DeviceImage.h"
+#include "toolbar/ThemedToolbar.h"
 
 #include <QApplication>
 #include <QFontMetricsF>
 #include <QImage>
-#include <QPainter>
-#include <QTextDocument>
 #include <QLabel>
+#include <QPainter>
 #include <QSocketNotifier>
+#include <QTextDocument>
 #include <QWidget>
 
 #include <algorithm>
