@@ -21,7 +21,9 @@ namespace {
 // A stop of Tab: the control that has the focus, named by the control it belongs to.
 struct Stop {
     QString name;
-    QRect rect; // in the window's coordinates
+    QRect rect;          // in the window's coordinates
+    bool marked = false; // the control looks otherwise with the focus than before it came
+    bool list = false;
 };
 
 // Where a control shows in the window: cut by its containers, or, where one of them hides it
@@ -43,6 +45,7 @@ std::vector<Stop> TabStops(QWidget *window)
 {
     std::vector<Stop> stops;
     window->setFocus(Qt::OtherFocusReason);
+    QImage before = window->grab().toImage();
     QTest::keyClick(window, Qt::Key_Tab);
     const QWidget *first = QApplication::focusWidget();
     for (const QWidget *w = first; w && w != window && stops.size() < 100;) {
@@ -53,7 +56,11 @@ std::vector<Stop> TabStops(QWidget *window)
                 named = p;
         while (named && named->objectName().isEmpty())
             named = named->parentWidget();
-        stops.push_back({named ? named->objectName() : QStringLiteral("?"), Seen(w, window)});
+        const QRect seen = Seen(w, window);
+        const QImage after = window->grab().toImage();
+        stops.push_back({named ? named->objectName() : QStringLiteral("?"), seen, after.copy(seen) != before.copy(seen),
+                         qobject_cast<const zrt::RowList *>(named) != nullptr});
+        before = after;
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         w = QApplication::focusWidget();
         if (w == first)
@@ -173,6 +180,10 @@ TEST_F(TabOrderTest, TabGoesThroughEveryPageInReadingOrder)
             EXPECT_FALSE(ColumnsOverlap(a.rect, b.rect) && !RowsOverlap(a.rect, b.rect) && b.rect.top() < a.rect.top())
                 << qPrintable(a.name) << " -> " << qPrintable(b.name) << " goes up the column";
         }
+        // The lists paint from a picture of their own that a grab of the whole window here does
+        // not show; their mark is checked on the list itself.
+        for (const Stop &s : stops)
+            EXPECT_TRUE(s.marked || s.list) << qPrintable(s.name) << " shows no focus mark";
         for (const QString &name : c.reached)
             EXPECT_TRUE(names.contains(name)) << qPrintable(name) << " is not reached";
         for (const QString &name : c.passedOver)

@@ -37,6 +37,10 @@ QTextEdit *NumbersBox(QWidget *parent, const QRect &geometry)
 {
     auto *box = new QTextEdit(parent);
     box->setReadOnly(true);
+    // Tab reaches the numbers to read, select and copy them by keys: a caret and a frame in the
+    // highlight colour show that the box has the focus, which a read-only box shows no other way.
+    box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    box->setStyleSheet(QStringLiteral("QTextEdit:focus { border: 2px solid palette(highlight); }"));
     box->setGeometry(geometry);
     return box;
 }
