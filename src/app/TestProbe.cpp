@@ -211,8 +211,12 @@ QString TestProbe::answer(const QString &line)
                      : QStringLiteral("ok none");
     }
     if (verb == QLatin1String("focus")) {
-        // The named control that has the keyboard focus (or holds the focused part).
-        for (QWidget *w = QApplication::focusWidget(); w; w = w->parentWidget())
+        // The named control that has the keyboard focus (or holds the focused part, as a list
+        // holds its inner surface, which is named too).
+        QWidget *focused = QApplication::focusWidget();
+        while (focused && focused->parentWidget() && focused->parentWidget()->focusProxy() == focused)
+            focused = focused->parentWidget();
+        for (QWidget *w = focused; w; w = w->parentWidget())
             if (!w->objectName().isEmpty())
                 return QStringLiteral("ok ") + w->objectName();
         return QStringLiteral("ok none");
