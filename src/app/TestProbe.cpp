@@ -7,14 +7,20 @@
 #include "controls/GlossButton.h"
 #include "controls/RowList.h"
 #include "controls/ShapedTabs.h"
+#include "gfx/DeviceImage.h"
 #include "toolbar/ThemedToolbar.h"
 
 #include <QApplication>
+#include <QFontMetricsF>
+#include <QImage>
 #include <QLabel>
+#include <QPainter>
 #include <QSocketNotifier>
+#include <QTextDocument>
 #include <QWidget>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #ifdef Q_OS_UNIX
 #include <unistd.h>
@@ -22,11 +28,23 @@
 
 namespace {
 
-QString Rect(const QWidget *w)
+// The probe answers in the X server's own pixels, which the test's input and captures use: at a
+// scale factor above 1 a logical pixel of the window covers several of them. The window stands
+// on one screen whose origin is the server's, so a global logical point only scales.
+QPoint Native(const QWidget *w, QPoint global)
 {
-    const QPoint at = w->mapToGlobal(QPoint(0, 0));
-    return QStringLiteral("%1 %2 %3 %4").arg(at.x()).arg(at.y()).arg(w->width()).arg(w->height());
+    const qreal ratio = w->devicePixelRatioF();
+    return QPoint(qRound(global.x() * ratio), qRound(global.y() * ratio));
 }
+
+QString Rect(const QWidget *w, const QRect &local)
+{
+    const QPoint topLeft = Native(w, w->mapToGlobal(local.topLeft()));
+    const QPoint end = Native(w, w->mapToGlobal(local.topLeft() + QPoint(local.width(), local.height())));
+    return QStringLiteral("%1 %2 %3 %4").arg(topLeft.x()).arg(topLeft.y()).arg(end.x() - topLeft.x()).arg(end.y() - topLeft.y());
+}
+
+QString Rect(const QWidget *w) { return Rect(w, w->rect()); }
 
 // What a control shows as text: a caption, a title, a label or the items of a list.
 QString TextOf(const QWidget *w)
@@ -46,6 +64,68 @@ QString TextOf(const QWidget *w)
         return items.join(QLatin1Char('|'));
     }
     return {};
+}
+
+// How far a line of text reaches when drawn at the ratio, in device pixels from its origin to its
+// last inked column (or its advance, where that is further): the room a caption needs.
+int InkReach(const QFont &font, const QString &text, qreal ratio)
+{
+    const QFontMetricsF metrics(font);
+    const QSize logical(static_cast<int>(std::ceil(metrics.horizontalAdvance(text))) + 2 * static_cast<int>(metrics.height()),
+                        static_cast<int>(std::ceil(metrics.height())) + 4);
+    QImage image = zrt::DeviceImage(logical, ratio, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    {
+        QPainter painter(&image);
+        painter.setFont(font);
+        painter.setPen(Qt::black);
+        painter.drawText(QRect(QPoint(0, 0), logical), Qt::AlignLeft | Qt::AlignTop | Qt::TextShowMnemonic, text);
+    }
+    int reach = static_cast<int>(std::ceil(QFontMetricsF(font, &image).horizontalAdvance(QString(text).remove(QLatin1Char('&'))) * ratio));
+    for (int x = image.width() - 1; x >= reach; --x) {
+        bool inked = false;
+        for (int y = 0; y < image.height() && !inked; ++y)
+            inked = image.pixel(x, y) != qRgb(255, 255, 255);
+        if (inked) {
+            reach = x + 1;
+            break;
+        }
+    }
+    return reach;
+}
+
+// Each shown, named caption of a button, check box or one-line label: what it needs and the room
+// its control leaves it, both in device pixels.
+QString Captions(const QWidget *window)
+{
+    QStringList out;
+    for (const QWidget *w : window->findChildren<QWidget *>()) {
+        if (!w->isVisible() || w->objectName().isEmpty())
+            continue;
+        const qreal ratio = w->devicePixelRatioF();
+        QString text;
+        int room = 0;
+        if (auto *b = qobject_cast<const zrt::GlossButton *>(w)) {
+            text = b->Caption();
+            room = w->width() - 4; // the face's border on both sides
+        } else if (auto *c = qobject_cast<const zrt::Check *>(w)) {
+            text = c->Caption();
+            room = w->width() - zrt::Check::BoxSize - 4;
+        } else if (auto *l = qobject_cast<const QLabel *>(w)) {
+            const bool rich = l->textFormat() == Qt::RichText ||
+                              (l->textFormat() == Qt::AutoText && Qt::mightBeRichText(l->text()));
+            if (l->wordWrap() || rich || !l->pixmap().isNull())
+                continue;
+            text = l->text();
+            room = l->contentsRect().width() - 2 * std::max(0, l->indent()) - 2 * l->margin();
+        } else {
+            continue;
+        }
+        if (text.isEmpty() || text.contains(QLatin1Char('\n')))
+            continue;
+        out << QStringLiteral("%1:%2:%3").arg(w->objectName()).arg(InkReach(w->font(), text, ratio)).arg(qRound(room * ratio));
+    }
+    return out.join(QLatin1Char(';'));
 }
 
 QString Line(QString s) { return s.replace(QLatin1Char('\n'), QLatin1String("\\n")); }
@@ -106,10 +186,8 @@ QString TestProbe::answer(const QString &line)
         for (int i = 1; i <= bar->ButtonCount(); ++i) {
             if (bar->BtnKey(i) != words[1])
                 continue;
-            const QRect r = bar->BtnDisplayRect(i);
-            const QPoint at = bar->mapToGlobal(r.topLeft());
-            return QStringLiteral("ok %1 %2 %3 %4 %5 %6")
-                .arg(at.x()).arg(at.y()).arg(r.width()).arg(r.height())
+            return QStringLiteral("ok %1 %2 %3")
+                .arg(Rect(bar, bar->BtnDisplayRect(i)))
                 .arg(bar->BtnEnabled(i) ? 1 : 0).arg(bar->BtnValue(i) ? 1 : 0);
         }
         return QStringLiteral("error no button");
@@ -120,7 +198,7 @@ QString TestProbe::answer(const QString &line)
         if (!tabs)
             return QStringLiteral("error no tabs");
         const int i = words[2].toInt();
-        const QPoint at = tabs->mapToGlobal(QPoint(tabs->TabLeft(i) + tabs->TabWidth(i) / 2, 10));
+        const QPoint at = Native(tabs, tabs->mapToGlobal(QPoint(tabs->TabLeft(i) + tabs->TabWidth(i) / 2, 10)));
         return QStringLiteral("ok %1 %2").arg(at.x()).arg(at.y());
     }
     if (verb == QLatin1String("winid"))
@@ -133,12 +211,18 @@ QString TestProbe::answer(const QString &line)
                      : QStringLiteral("ok none");
     }
     if (verb == QLatin1String("focus")) {
-        // The named control that has the keyboard focus (or holds the focused part).
-        for (QWidget *w = QApplication::focusWidget(); w; w = w->parentWidget())
+        // The named control that has the keyboard focus (or holds the focused part, as a list
+        // holds its inner surface, which is named too).
+        QWidget *focused = QApplication::focusWidget();
+        while (focused && focused->parentWidget() && focused->parentWidget()->focusProxy() == focused)
+            focused = focused->parentWidget();
+        for (QWidget *w = focused; w; w = w->parentWidget())
             if (!w->objectName().isEmpty())
                 return QStringLiteral("ok ") + w->objectName();
         return QStringLiteral("ok none");
     }
+    if (verb == QLatin1String("captions"))
+        return QStringLiteral("ok ") + Captions(m_window);
     if (verb == QLatin1String("state")) {
         return QStringLiteral("ok attempts=%1 saved=%2 walker=%3")
             .arg(m_window->P3->run.attemptCount())

@@ -2,6 +2,7 @@
 
 #include "common/RunTimeError.h"
 
+#include <QApplication>
 #include <QCursor>
 #include <QLabel>
 #include <QMouseEvent>
@@ -58,6 +59,15 @@ DropPanel::DropPanel(QWidget *parent)
     connect(m_Timer1, &QTimer::timeout, this, &DropPanel::Timer1_Timer);
     resize(120, ToPixels(m_ExpandedHeight));
     DrawTitle();
+    // A list in the body works by keys even while folded, as a closed drop-down does: the title,
+    // which shows its value, carries the focus mark meanwhile.
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) {
+        const bool inBody = now && now != this && isAncestorOf(now);
+        if (inBody != m_BodyHasFocus) {
+            m_BodyHasFocus = inBody;
+            update();
+        }
+    });
 }
 
 int DropPanel::ToPixels(int twips)
@@ -352,6 +362,12 @@ void DropPanel::paintEvent(QPaintEvent *)
     DrawIcon(p);
     DrawTitleBorder(p);
     DrawPanelBorder(p);
+    const QRect strip = TitleRect();
+    if (m_BodyHasFocus && strip.width() > 6 && strip.height() > 6) {
+        p.setPen(QPen(TranslateColor(m_TitleForeColor), 1, Qt::DotLine));
+        p.setBrush(Qt::NoBrush);
+        p.drawRect(strip.adjusted(2, 2, -3, -3));
+    }
 }
 
 void DropPanel::FillTitle(QPainter &p) const

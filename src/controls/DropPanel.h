@@ -82,6 +82,8 @@ public:
     void DrawTitle();
     bool Collapsed() const { return m_Collapsed; }
     bool Expanded() const { return !m_Collapsed; }
+    // A control in the body has the keyboard focus: the title shows the focus mark.
+    bool BodyHasFocus() const { return m_BodyHasFocus; }
     // The folded height in pixels: the title strip.
     int CollapsedHeight() const { return ToPixels(m_TitleHeight); }
 
@@ -155,6 +157,7 @@ private:
     int m_HoverTime = -1;
 
     bool m_Collapsed = false;
+    bool m_BodyHasFocus = false; // a control in the body has the keyboard focus
     bool m_UserMode = true;
     QLabel *m_LblTitle;
     QTimer *m_Timer1;

@@ -269,6 +269,7 @@ bool RowList::SurfaceEvent(QEvent *event)
         if (m_ListIndex >= 0)
             DrawItem(m_ListIndex);
         DrawFocus();
+        m_iScr->update(); // the frame that marks a focused list without a marked row
         return false;
     case QEvent::Hide:
         FinishDrag();

@@ -185,6 +185,14 @@ void RowList::PaintSurface(QPaintEvent *event)
     }
     QPainter painter(m_iScr);
     DrawSurfacePart(painter, event->rect().topLeft(), m_Canvas, event->rect());
+    if (m_iScr->hasFocus() && !(m_Focus && IsRowVisible(m_ListIndex))) {
+        // The keyboard is here but no row carries its mark (none chosen, or the list draws no
+        // focus rectangle): a dotted frame round the surface shows it, painted over the rows only.
+        painter.setPen(QPen(m_cFontNormal, 1, Qt::DotLine));
+        painter.setBrush(Qt::NoBrush);
+        const StrokeOnPixels onPixels(painter);
+        painter.drawRect(m_iScr->rect().adjusted(1, 1, -2, -2));
+    }
 }
 
 } // namespace zrt

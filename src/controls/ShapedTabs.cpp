@@ -3,9 +3,13 @@
 #include "gfx/DeviceImage.h"
 
 #include <QEvent>
+#include <QFocusEvent>
 #include <QFontMetrics>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+
+#include <algorithm>
 
 namespace zrt {
 
@@ -60,6 +64,8 @@ ShapedTabs::ShapedTabs(QWidget *parent)
       m_Highlight(kDefaults.highlight), m_ControlBackcolor(kDefaults.controlBack)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
+    // Tab reaches the strip; a press of the mouse chooses a tab without taking the focus.
+    setFocusPolicy(Qt::TabFocus);
     resize(300, 120);
     Refresh();
 }
@@ -312,6 +318,13 @@ void ShapedTabs::DrawCaption(QPainter &p, int index, int top, OleColor color) co
     p.setPen(TranslateColor(color));
     const QRect box(TabOutlineLeft(index), top + 2, m_TabWidth[index], TabBottom - top - 2);
     p.drawText(box, Qt::AlignCenter | Qt::TextSingleLine, TabCaption(index));
+    if (index == m_ActiveTab && hasFocus()) {
+        // The keyboard's place: a dotted frame round the chosen tab's caption.
+        const StrokeOnPixels onPixels(p);
+        p.setPen(QPen(TranslateColor(color), 1, Qt::DotLine));
+        p.setBrush(Qt::NoBrush);
+        p.drawRect(box.adjusted(3, 0, -4, -2));
+    }
 }
 
 int ShapedTabs::HitTest(const QPoint &pos) const
@@ -330,13 +343,44 @@ int ShapedTabs::HitTest(const QPoint &pos) const
     return hit;
 }
 
-void ShapedTabs::mousePressEvent(QMouseEvent *event)
+void ShapedTabs::mousePressEvent(QMouseEvent *event) { ChooseTab(HitTest(event->position().toPoint())); }
+
+void ShapedTabs::ChooseTab(int index)
 {
-    const int hit = HitTest(event->position().toPoint());
-    if (hit < 0 || hit == m_ActiveTab)
+    if (index < 0 || index == m_ActiveTab || !TabCountValid() || index >= m_NumberOfTabs)
         return;
-    m_ActiveTab = hit;
+    m_ActiveTab = index;
     DrawTabs(true);
+}
+
+void ShapedTabs::keyPressEvent(QKeyEvent *event)
+{
+    if (!TabCountValid() || event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    const int last = m_NumberOfTabs - 1;
+    const int active = std::clamp(m_ActiveTab, 0, last);
+    switch (event->key()) {
+    case Qt::Key_Left: ChooseTab(std::max(0, active - 1)); break;
+    case Qt::Key_Right: ChooseTab(std::min(last, active + 1)); break;
+    case Qt::Key_Home: ChooseTab(0); break;
+    case Qt::Key_End: ChooseTab(last); break;
+    default: QWidget::keyPressEvent(event); return;
+    }
+    event->accept();
+}
+
+void ShapedTabs::focusInEvent(QFocusEvent *event)
+{
+    QWidget::focusInEvent(event);
+    Refresh();
+}
+
+void ShapedTabs::focusOutEvent(QFocusEvent *event)
+{
+    QWidget::focusOutEvent(event);
+    Refresh();
 }
 
 void ShapedTabs::paintEvent(QPaintEvent *)

@@ -83,6 +83,10 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
+    // Reached by Tab: Left and Right (Home and End) choose a tab as a press on it does.
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
     void changeEvent(QEvent *event) override;
     void showEvent(QShowEvent *event) override;
 
@@ -100,6 +104,7 @@ private:
     int TabOutlineLeft(int index) const { return m_TabLeft[index] + 3; }
     int TabOutlineRight(int index) const { return m_TabLeft[index] + m_TabWidth[index] + 3; }
     int HitTest(const QPoint &pos) const;
+    void ChooseTab(int index);
 
     int m_NumberOfTabs = 4;
     int m_FirstTabLeft = 2;

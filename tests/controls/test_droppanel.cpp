@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
 
@@ -215,4 +216,40 @@ TEST_F(PanelFixture, PropertiesRoundTripUnderTheirKeys)
     EXPECT_EQ(other.TitleAlign(), 2);
     EXPECT_EQ(other.ExpandedHeight(), 1350);
     EXPECT_FLOAT_EQ(other.TitleFontsize(), 9.75f);
+}
+
+TEST_F(PanelFixture, AFocusedListInTheFoldedBodyMarksTheTitle)
+{
+    auto *list = new QWidget;
+    list->setFocusPolicy(Qt::StrongFocus);
+    list->resize(150, 60);
+    panel->PlaceInBody(list);
+    panel->Collapse();
+    auto *other = new QWidget(&container);
+    other->setFocusPolicy(Qt::StrongFocus);
+    other->setGeometry(200, 10, 40, 20);
+    other->show();
+    container.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&container));
+    other->setFocus(Qt::TabFocusReason);
+    const QImage plain = panel->grab().toImage();
+
+    // Tab into the hidden list: the title, which shows the list's value, carries a dotted frame.
+    list->setFocus(Qt::TabFocusReason);
+    ASSERT_TRUE(list->hasFocus());
+    EXPECT_TRUE(panel->BodyHasFocus());
+    EXPECT_TRUE(panel->Collapsed()) << "the keys work the list as a closed drop-down";
+    const QImage marked = panel->grab().toImage();
+    int changed = 0;
+    for (int y = 0; y < marked.height(); ++y)
+        for (int x = 0; x < marked.width(); ++x)
+            if (marked.pixel(x, y) != plain.pixel(x, y)) {
+                ++changed;
+                EXPECT_LT(y, panel->CollapsedHeight()) << "the mark lies in the title strip";
+            }
+    EXPECT_GT(changed, 40);
+
+    other->setFocus(Qt::TabFocusReason);
+    EXPECT_FALSE(panel->BodyHasFocus());
+    EXPECT_EQ(panel->grab().toImage(), plain);
 }

@@ -779,6 +779,37 @@ TEST_F(RowListTest, FocusRectangleOnTheCurrentRowOnlyWithFocus)
     EXPECT_FALSE(edgeHasFocusColour(0)) << "Focus false draws none";
 }
 
+TEST_F(RowListTest, AFocusedListWithoutAMarkedRowShowsADottedFrame)
+{
+    // The column of collected data draws no row rectangle, and an untouched list has no row.
+    list.setBackNormal(RGB(255, 255, 255));
+    list.setFontNormal(RGB(0, 0, 255));
+    list.AddItem("0.3");
+    list.AddItem("0.4");
+    const auto frameShown = [&] {
+        const QImage shown = list.iScr()->grab().toImage();
+        int blue = 0;
+        for (int y = 0; y < shown.height(); ++y)
+            blue += (shown.pixel(1, y) & 0xFFFFFFu) == 0x0000FFu ? 1 : 0;
+        return blue > shown.height() / 4;
+    };
+    list.show();
+    list.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&list));
+    list.clearFocus();
+    const QImage rows = list.SurfaceImage().copy();
+    EXPECT_FALSE(frameShown()) << "no focus, no frame";
+    list.setFocus(Qt::TabFocusReason);
+    ASSERT_TRUE(list.iScr()->hasFocus());
+    EXPECT_TRUE(frameShown()) << "no row chosen";
+    list.setFocus(false);
+    EXPECT_TRUE(frameShown()) << "no row rectangle drawn";
+    EXPECT_EQ(list.SurfaceImage(), rows) << "the frame is painted over the rows, never into them";
+    list.setFocus(true);
+    list.setListIndex(1);
+    EXPECT_FALSE(frameShown()) << "the chosen row carries the mark";
+}
+
 // ---- on a screen scaled to 200 % -------------------------------------------------------------
 
 namespace {

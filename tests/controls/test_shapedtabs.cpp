@@ -192,6 +192,37 @@ TEST_F(TabsFixture, SettingTheActiveTabFromCodeRaisesClickOnlyOnAChange)
     EXPECT_EQ(clicks, (std::vector<int>{3}));
 }
 
+TEST_F(TabsFixture, TabReachesTheStripAndArrowKeysChooseATabUnderAFocusMark)
+{
+    EXPECT_TRUE(tabs->focusPolicy() & Qt::TabFocus);
+    EXPECT_FALSE(tabs->focusPolicy() & Qt::ClickFocus) << "a press only chooses a tab";
+    container.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&container));
+    tabs->clearFocus(); // the window gave it the focus as its first stop
+    const QImage unfocused = tabs->TabStrip().copy();
+    tabs->setFocus(Qt::TabFocusReason);
+    ASSERT_TRUE(tabs->hasFocus());
+    // The dotted frame round the chosen tab's caption, in the caption's colour.
+    const QImage focused = tabs->TabStrip().copy();
+    int marked = 0;
+    for (int y = 0; y < focused.height(); ++y)
+        for (int x = 0; x < focused.width(); ++x)
+            if (focused.pixel(x, y) != unfocused.pixel(x, y)) {
+                ++marked;
+                EXPECT_EQ(focused.pixel(x, y) & 0xFFFFFFu, Ole(tabs->ActiveTabTextColor()));
+                EXPECT_LT(x, tabs->TabLeft(0) + tabs->TabWidth(0) + 4) << "the mark stays on the chosen tab";
+            }
+    EXPECT_GT(marked, 20);
+
+    for (int key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_Left, Qt::Key_End, Qt::Key_Right, Qt::Key_Home, Qt::Key_Left})
+        QTest::keyClick(tabs, static_cast<Qt::Key>(key));
+    EXPECT_EQ(clicks, (std::vector<int>{1, 2, 1, 3, 0})) << "past either end nothing changes";
+    EXPECT_EQ(tabs->ActiveTab(), 0);
+
+    tabs->clearFocus();
+    EXPECT_EQ(tabs->TabStrip(), unfocused) << "the mark goes with the focus";
+}
+
 TEST(ShapedTabsHidden, AStripSetUpWhileHiddenIsDrawnWhenShown)
 {
     // Set up in view and set up hidden (as the window's hidden pages are), alike once shown.
@@ -201,6 +232,7 @@ TEST(ShapedTabsHidden, AStripSetUpWhileHiddenIsDrawnWhenShown)
         auto container = std::make_unique<QWidget>();
         container->resize(400, 150);
         auto *tabs = new ShapedTabs(container.get());
+        tabs->setFocusPolicy(Qt::NoFocus); // a shown window would give the strip its focus mark
         tabs->setGeometry(0, 0, 360, 120);
         if (!hiddenWhileSetUp) {
             container->show();

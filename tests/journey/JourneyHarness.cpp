@@ -14,6 +14,7 @@
 #include <X11/extensions/XTest.h>
 #include <X11/keysym.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <sys/stat.h>
 
@@ -83,13 +84,19 @@ bool WriteClass(const QString &path)
 
 // ---------------------------------------------------------------- display
 
-Display &Display::instance()
+Display &Display::instance(QSize screen)
 {
-    static Display display;
-    return display;
+    static std::unique_ptr<Display> display;
+    if (!display && screen.isEmpty())
+        screen = kDefaultScreen;
+    if (!display || (!screen.isEmpty() && display->m_screen != screen)) {
+        display.reset(); // the old server goes first: its programs are gone with their tests
+        display.reset(new Display(screen));
+    }
+    return *display;
 }
 
-Display::Display()
+Display::Display(QSize screen) : m_screen(screen)
 {
     // A display number nobody uses: no lock file and no socket.
     for (int n = 90 + static_cast<int>(QCoreApplication::applicationPid() % 40); n < 400; ++n) {
@@ -99,7 +106,7 @@ Display::Display()
         m_name = QStringLiteral(":%1").arg(n);
         m_server.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         m_server.start(QStringLiteral("Xvfb"), {m_name, QStringLiteral("-screen"), QStringLiteral("0"),
-                                                QStringLiteral("1280x1024x24"), QStringLiteral("-nolisten"),
+                                                QStringLiteral("%1x%2x24").arg(screen.width()).arg(screen.height()), QStringLiteral("-nolisten"),
                                                 QStringLiteral("tcp")});
         if (!m_server.waitForStarted(5000))
             return;
@@ -216,7 +223,11 @@ int SoundServer::audibleMilliseconds(int lastMs)
 
 Program::Program(const Options &options)
 {
-    Display &display = Display::instance();
+    m_scale = std::max(1, options.scale);
+    QSize screenSize = options.screen;
+    if (screenSize.isEmpty())
+        screenSize = m_scale == 1 ? Display::kDefaultScreen : QSize(2600, 2100);
+    Display &display = Display::instance(screenSize);
     if (!display.ok() || !m_home.isValid())
         return;
     QDir(m_home.path()).mkpath(QStringLiteral("Documents"));
@@ -246,6 +257,10 @@ Program::Program(const Options &options)
     env.insert(QStringLiteral("LANG"), QStringLiteral("C.UTF-8"));
     env.insert(QStringLiteral("ZRT_MANUAL_TIMERS"), options.manualTimers ? QStringLiteral("1") : QStringLiteral("0"));
     env.remove(QStringLiteral("QT_SCALE_FACTOR"));
+    env.remove(QStringLiteral("QT_SCREEN_SCALE_FACTORS"));
+    env.remove(QStringLiteral("QT_AUTO_SCREEN_SCALE_FACTOR"));
+    if (m_scale != 1)
+        env.insert(QStringLiteral("QT_SCALE_FACTOR"), QString::number(m_scale));
     if (options.sound) {
         m_sound = std::make_unique<SoundServer>(m_home.path() + QStringLiteral("/runtime"));
         if (m_sound->ok())

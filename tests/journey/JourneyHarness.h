@@ -7,6 +7,7 @@
 #include <QImage>
 #include <QProcess>
 #include <QRect>
+#include <QSize>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
@@ -24,19 +25,24 @@ struct Control {
     QPoint centre() const { return rect.center(); }
 };
 
-// One X server for the whole test program; each test gets a program of its own.
+// One X server for the whole test program; each test gets a program of its own. A test that
+// asks for another screen size gets a new server of that size in place of the old one.
 class Display {
 public:
-    static Display &instance();
+    static constexpr QSize kDefaultScreen{1280, 1024};
+    // The running server; with a size, a server of that size (the running one when it fits).
+    static Display &instance(QSize screen = QSize());
     bool ok() const { return m_display != nullptr; }
     QString name() const { return m_name; }
+    QSize screen() const { return m_screen; }
     void *xdisplay() const { return m_display; }
     ~Display();
 
 private:
-    Display();
+    explicit Display(QSize screen);
     QProcess m_server;
     QString m_name;
+    QSize m_screen;
     void *m_display = nullptr;
 };
 
@@ -63,6 +69,8 @@ struct Options {
     QByteArray settingsBytes;     // the same as raw bytes, when set
     QStringList soundFiles;       // SOUND1.. entries to add to the settings
     bool settingsIsPipe = false;  // a named pipe stands where the settings file belongs
+    int scale = 1;                // QT_SCALE_FACTOR of the program; above 1 the screen grows to fit
+    QSize screen;                 // the X screen's size; empty for the default (or 2600x2100 when scaled)
 };
 
 class Program {
@@ -76,6 +84,11 @@ public:
     int startupBoxes() const { return m_startupBoxes; }
     QString home() const { return m_home.path(); }
     QString documents() const { return m_home.path() + QStringLiteral("/Documents"); }
+    // X pixels per logical pixel of the program. Everything the probe reports is in X pixels;
+    // an offset inside a control that a test knows in the program's own pixels goes through px().
+    int scale() const { return m_scale; }
+    int px(int logical) const { return logical * m_scale; }
+    QPoint px(QPoint logical) const { return logical * m_scale; }
 
     // A probe command and its reply, without the "ok " in front ("" on failure).
     QString ask(const QString &command, bool *ok = nullptr);
@@ -133,6 +146,7 @@ private:
     QProcess m_process;
     QString m_output;
     bool m_started = false;
+    int m_scale = 1;
 };
 
 // The folder the pictures go to (the build's journey folder).

@@ -78,6 +78,7 @@ void AudioStage::build()
     Timer1->setInterval(16);
     connect(Timer1, &QTimer::timeout, this, [this] { m_context.guard([this] { Timer1_Timer(); }); });
     connect(this, &PagePanel::Resize, this, [this] { m_context.guard([this] { P5_Resize(); }); });
+    orderTabs();
 }
 
 void AudioStage::ensurePlayers()
@@ -119,6 +120,9 @@ void AudioStage::nameForScreenReaders()
     Label10->setBuddy(cl5);
     cl5->setAccessibleName(tr("Audio reaction times of this run"));
 }
+
+// As on the Record page: the list of times, then Start, Add and Cancel.
+void AudioStage::orderTabs() { pages::TabOrder({cl5, cmdStartAudio, cmdadd[0], cmdadd[1]}); }
 
 void AudioStage::placeListenBalloon() { IMmsg1->move(ucgif->x() + ucgif->width() / 2, 0); }
 

@@ -67,6 +67,7 @@ private:
     void build();
     // Names the controls whose captions stand beside them, for screen readers.
     void nameForScreenReaders();
+    void orderTabs();
     void P5_Resize();
     void placeListenBalloon();
     void showVerdict(const QString &mean);

@@ -65,6 +65,7 @@ void DataColumn::build()
     Check5[1]->move(CL4->x() + 1, Check5[0]->y());
     keepListsInStep();
     nameForScreenReaders();
+    orderTabs();
     connect(this, &PagePanel::Resize, this, [this] { m_context.guard([this] { arange_data_lists(); }); });
 }
 
@@ -74,6 +75,9 @@ void DataColumn::nameForScreenReaders()
     cl2->setAccessibleName(tr("Visual reaction times"));
     CL4->setAccessibleName(tr("Audio reaction times"));
 }
+
+// Tab reads the column as it stands: Remove, the two choices of the list to analyse, the lists.
+void DataColumn::orderTabs() { pages::TabOrder({cmdRemove, Check5[0], Check5[1], cl2, CL4}); }
 
 void DataColumn::keepListsInStep()
 {

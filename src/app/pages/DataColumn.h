@@ -63,6 +63,7 @@ private:
     void build();
     // Names the controls whose captions stand beside them, for screen readers.
     void nameForScreenReaders();
+    void orderTabs();
     void keepListsInStep();
     bool paired() const { return m_paired ? m_paired() : true; }
 

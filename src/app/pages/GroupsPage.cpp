@@ -82,7 +82,11 @@ void GroupsPage::build()
     keepChartsOnResize();
     nameForScreenReaders();
     connect(Check2, &zrt::Check::Click, this, [this] { m_context.guard([this] { Q_EMIT sortChanged(); }); });
+    orderTabs();
 }
+
+// The plot's tab holds the quartiles' box left of the show button: Tab takes it first.
+void GroupsPage::orderTabs() { pages::TabOrder({Check3, cmdPlot}); }
 
 void GroupsPage::buildShowButtons()
 {

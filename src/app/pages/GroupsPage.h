@@ -55,6 +55,7 @@ protected:
 
 private:
     void build();
+    void orderTabs();
     void buildShowButtons();
     void keepChartsOnResize();
     void layoutPage();

@@ -37,6 +37,10 @@ QTextEdit *NumbersBox(QWidget *parent, const QRect &geometry)
 {
     auto *box = new QTextEdit(parent);
     box->setReadOnly(true);
+    // Tab reaches the numbers to read, select and copy them by keys: a caret and a frame in the
+    // highlight colour show that the box has the focus, which a read-only box shows no other way.
+    box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    box->setStyleSheet(QStringLiteral("QTextEdit:focus { border: 2px solid palette(highlight); }"));
     box->setGeometry(geometry);
     return box;
 }
@@ -91,6 +95,27 @@ zrt::ShapedTabs *NewTabs(const PageContext &context, QWidget *page, const QStrin
         context.guard([=] { onClick(tab); });
     });
     return tabs;
+}
+
+void TabOrder(std::initializer_list<QWidget *> order)
+{
+    // A list takes the focus in its inner surface, its focus proxy, and that surface is what
+    // moves in the chain; Tab also stops at the list itself wherever the list stands, so the list
+    // is set in front of its surface again once the surface has moved (setting its proxy anew
+    // does that).
+    QWidget *previous = nullptr;
+    for (QWidget *next : order) {
+        while (next->focusProxy())
+            next = next->focusProxy();
+        if (previous)
+            QWidget::setTabOrder(previous, next);
+        previous = next;
+    }
+    for (QWidget *control : order)
+        if (QWidget *proxy = control->focusProxy()) {
+            control->setFocusProxy(nullptr);
+            control->setFocusProxy(proxy);
+        }
 }
 
 } // namespace pages

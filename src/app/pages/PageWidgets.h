@@ -8,6 +8,7 @@
 #include <QVariantMap>
 
 #include <functional>
+#include <initializer_list>
 
 class QLabel;
 class QTextEdit;
@@ -60,6 +61,8 @@ void ShowTabFrame(const Frames &frames, int tab)
 }
 zrt::ShapedTabs *NewTabs(const PageContext &context, QWidget *page, const QStringList &captions, bool darkDisabled,
                          std::function<void(int)> onClick);
+// Tab goes through the controls in the order given, from the first one's place in the window's chain.
+void TabOrder(std::initializer_list<QWidget *> order);
 
 } // namespace pages
 

@@ -15,11 +15,14 @@
 #include "reaction/SoundBas.h"
 #include "reaction/mStopWatch.h"
 
+#include <QApplication>
 #include <QCoreApplication>
+#include <QEvent>
 #include <QLabel>
 #include <QShortcut>
 
 #include <algorithm>
+#include <initializer_list>
 
 namespace {
 
@@ -81,6 +84,34 @@ void RecordPage::build()
     connect(this, &PagePanel::Resize, this, [this] { m_context.guard([this] { P3_Resize(); }); });
 
     P5 = new AudioStage(m_context, m_column, *this);
+    orderTabs();
+}
+
+// Tab goes through the band as it reads: the list of times, the run's buttons, the settings.
+void RecordPage::orderTabs()
+{
+    const std::initializer_list<QWidget *> band = {cl1, command1, GlossButton1[0], GlossButton1[1],
+                                                   List1, List2, Check4, CheckSpace};
+    pages::TabOrder(band);
+    // While the audio stage lies over the page, Tab must not reach the band hidden under it.
+    for (QWidget *control : band) {
+        QWidget *target = control->focusProxy() ? control->focusProxy() : control;
+        m_bandFocus.emplace_back(target, target->focusPolicy());
+    }
+    P5->installEventFilter(this);
+}
+
+bool RecordPage::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == P5 && (event->type() == QEvent::Show || event->type() == QEvent::Hide)) {
+        const bool covered = event->type() == QEvent::Show;
+        for (const auto &[control, policy] : m_bandFocus)
+            control->setFocusPolicy(covered ? Qt::NoFocus : policy);
+        QWidget *focused = QApplication::focusWidget();
+        if (covered && focused && isAncestorOf(focused) && !P5->isAncestorOf(focused) && P5->cmdStartAudio->isVisible())
+            P5->cmdStartAudio->setFocus(Qt::OtherFocusReason);
+    }
+    return PagePanel::eventFilter(watched, event);
 }
 
 void RecordPage::buildSettingsPanel()

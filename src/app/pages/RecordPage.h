@@ -11,6 +11,7 @@
 
 #include <array>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 class QLabel;
@@ -84,10 +85,14 @@ Q_SIGNALS:
     // The pupil changed the space bar setting.
     void spaceSettingChanged(bool on);
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void build();
     // Names the controls whose captions stand beside them, for screen readers.
     void nameForScreenReaders();
+    void orderTabs();
     void buildSettingsPanel();
     void P3_Resize();
     void layoutRunColumn(int inner);
@@ -104,4 +109,6 @@ private:
     bool m_visualRunning = false;
     QShortcut *m_spaceKey = nullptr;
     QByteArray m_character1, m_character2;
+    // The band's controls with the focus policy each has while the audio stage is not over them.
+    std::vector<std::pair<QWidget *, Qt::FocusPolicy>> m_bandFocus;
 };
