@@ -58,7 +58,6 @@ Check::Check(QWidget *parent)
     m_Timer1->setInterval(HoverInterval);
     connect(m_Timer1, &QTimer::timeout, this, &Check::Timer1_Timer);
 
-    BuildImages();
     ShowRestingImage();
     Relayout();
 }
@@ -162,12 +161,13 @@ void Check::DrawGreyMark(QPainter &painter, const QColor &color)
     painter.fillRect(QRect(3, 3, BoxSize - 6, BoxSize - 6), color);
 }
 
-void Check::BuildImages()
+const QPixmap &Check::ImageFor(int value, Look look)
 {
-    for (int value = 0; value < 3; ++value)
-        for (int look = 0; look < 4; ++look)
-            m_Images[static_cast<size_t>(value)][static_cast<size_t>(look)] =
-                QPixmap::fromImage(BoxImage(value, static_cast<Look>(look), devicePixelRatioF()));
+    // Each of the twelve looks is drawn when first shown: most boxes never show most of them.
+    QPixmap &image = m_Images[static_cast<size_t>(value)][static_cast<size_t>(look)];
+    if (image.isNull())
+        image = QPixmap::fromImage(BoxImage(value, look, devicePixelRatioF()));
+    return image;
 }
 
 void Check::ShowImage(Look look)
@@ -175,7 +175,7 @@ void Check::ShowImage(Look look)
     // A value outside the table has no picture; the box then keeps the one it shows.
     if (m_Value < 0 || m_Value > 2)
         return;
-    m_Picture1->setPixmap(m_Images[static_cast<size_t>(m_Value)][static_cast<size_t>(look)]);
+    m_Picture1->setPixmap(ImageFor(m_Value, look));
     m_CurrentImage = ImageName(m_Value, look);
 }
 

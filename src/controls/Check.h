@@ -94,7 +94,7 @@ protected:
     void focusOutEvent(QFocusEvent *event) override;
 
 private:
-    void BuildImages();
+    const QPixmap &ImageFor(int value, Look look);
     void ShowImage(Look look);
     void ShowRestingImage();
     void PaintCaption();
