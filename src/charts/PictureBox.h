@@ -120,12 +120,27 @@ public:
 
     // --- what the picture says in words, for screen readers: the pages fill it with the answers
     // the chart shows once they are revealed.
-    QString TextAlternative() const { return m_textAlternative; }
+    QString TextAlternative() const
+    {
+        if (m_textSource) {
+            m_textAlternative = m_textSource();
+            m_textSource = nullptr;
+        }
+        return m_textAlternative;
+    }
     void setTextAlternative(const QString &text)
     {
+        m_textSource = nullptr;
         if (text == m_textAlternative)
             return;
         m_textAlternative = text;
+        Q_EMIT TextAlternativeChanged();
+    }
+    // The words made by a routine when they are first asked for: a chart is redrawn far more
+    // often than a screen reader reads it.
+    void setTextAlternativeSource(std::function<QString()> source)
+    {
+        m_textSource = std::move(source);
         Q_EMIT TextAlternativeChanged();
     }
 
@@ -201,7 +216,8 @@ private:
     bool m_recording = false;
     std::vector<QRect> m_marks;
     std::vector<QRect> m_labelInks;
-    QString m_textAlternative;
+    mutable QString m_textAlternative;
+    mutable std::function<QString()> m_textSource;
 };
 
 } // namespace zrt

@@ -45,3 +45,32 @@ TEST(AccessSurface, AGraphicDescribedByItsTextAlternative)
     box.setTextAlternative(QString());
     EXPECT_EQ(iface->text(QAccessible::Description), "Answers hidden");
 }
+
+TEST(AccessSurface, WordsMadeByARoutineAreMadeWhenFirstReadAndAnnounced)
+{
+    AccessRecorder recorder;
+    PictureBox box;
+    QAccessibleInterface *iface = QAccessible::queryAccessibleInterface(&box);
+    ASSERT_NE(iface, nullptr);
+    int made = 0;
+    QString leaves = QStringLiteral("stem 2: 3 7");
+    box.setTextAlternativeSource([&] {
+        ++made;
+        return leaves;
+    });
+    EXPECT_EQ(made, 0) << "nothing is made while nobody reads";
+    EXPECT_EQ(AccessRecorder::count(&box, QAccessible::DescriptionChanged), 1);
+    leaves = QStringLiteral("stem 2: 3 7 9"); // the state the words are made from moves on
+    EXPECT_EQ(iface->text(QAccessible::Description), "stem 2: 3 7 9");
+    EXPECT_EQ(box.TextAlternative(), "stem 2: 3 7 9");
+    EXPECT_EQ(made, 1) << "made once, then kept";
+
+    // Plain words given later replace the routine before it is ever asked.
+    box.setTextAlternativeSource([&] {
+        ++made;
+        return QStringLiteral("never read");
+    });
+    box.setTextAlternative(QString());
+    EXPECT_TRUE(box.TextAlternative().isEmpty());
+    EXPECT_EQ(made, 1);
+}

@@ -182,6 +182,12 @@ void AveragesPage::describeCharts()
                                          QLatin1Char('.')});
     pBox->setTextAlternative(box);
 
+    // The diagram's words ask for every leaf: made only when a screen reader reads them.
+    PicSL->setTextAlternativeSource([this, audio] { return stemLeafWords(audio); });
+}
+
+QString AveragesPage::stemLeafWords(bool audio) const
+{
     // The stem and leaf diagram is always in hundredths, of as many times as the visual list has.
     const zrt::CollectedLists lists = m_column.collected();
     const std::vector<std::string> &items = audio ? lists.audio : lists.visual;
@@ -208,7 +214,7 @@ void AveragesPage::describeCharts()
     if (m_leavesShown && !leaves.isEmpty())
         diagram = pages::Sentences({diagram, leaves.join(QStringLiteral("; ")) + QLatin1Char('.'),
                                     CoreTexts::tr(zrt::StemKeyText)});
-    PicSL->setTextAlternative(diagram);
+    return diagram;
 }
 
 void AveragesPage::toggleBoxPlot()

@@ -75,6 +75,7 @@ private:
     void buildCharts();
     // Names the controls whose captions stand beside them, for screen readers.
     void nameForScreenReaders();
+    QString stemLeafWords(bool audio) const;
     // Writes what each chart shows into its text alternative: the revealed answers only.
     void describeCharts();
     void layoutPage();
