@@ -49,20 +49,14 @@ void MainFrm::nameControls()
     Name(P3->Label3, QStringLiteral("Label3"));
     Name(P2->Label4, QStringLiteral("Label4"));
     Name(P2->Label5, QStringLiteral("Label5"));
-    Name(P5->Label10, QStringLiteral("Label10"));
-    Name(P5->l9, QStringLiteral("l9"));
     Name(P3->IMmsg, QStringLiteral("IMmsg"));
-    Name(P5->IMmsg1, QStringLiteral("IMmsg1"));
     NameArray(P3->Label1, QStringLiteral("Label1"));
     Name(P2->cmdRemove, QStringLiteral("cmdRemove"));
     Name(P3->command1, QStringLiteral("command1"));
-    Name(P5->cmdStartAudio, QStringLiteral("cmdStartAudio"));
     NameArray(P3->GlossButton1, QStringLiteral("GlossButton1"));
-    NameArray(P5->cmdadd, QStringLiteral("cmdadd"));
     Name(P3->cl1, QStringLiteral("cl1"));
     Name(P2->cl2, QStringLiteral("cl2"));
     Name(P2->CL4, QStringLiteral("CL4"));
-    Name(P5->cl5, QStringLiteral("cl5"));
     Name(P3->List1, QStringLiteral("List1"));
     Name(P3->List2, QStringLiteral("List2"));
     NameArray(P2->Check5, QStringLiteral("Check5"));
@@ -71,12 +65,17 @@ void MainFrm::nameControls()
     Name(P3->dd1, QStringLiteral("dd1"));
     Name(P3->DD2, QStringLiteral("DD2"));
     NameArray(P3->ucGifPlayer1, QStringLiteral("ucGifPlayer1"));
-    namePlayers();
 }
 
-// The audio stage's target and walker are made when the stage first opens; they are named then.
-void MainFrm::namePlayers()
+// The audio stage makes its controls when it first opens; they are named then.
+void MainFrm::nameAudioStageControls()
 {
+    Name(P5->Label10, QStringLiteral("Label10"));
+    Name(P5->l9, QStringLiteral("l9"));
+    Name(P5->IMmsg1, QStringLiteral("IMmsg1"));
+    Name(P5->cmdStartAudio, QStringLiteral("cmdStartAudio"));
+    NameArray(P5->cmdadd, QStringLiteral("cmdadd"));
+    Name(P5->cl5, QStringLiteral("cl5"));
     Name(P5->ucgif, QStringLiteral("ucgif"));
     Name(P5->ucGifPlayer2, QStringLiteral("ucGifPlayer2"));
 }

@@ -98,17 +98,14 @@ void MainFrm::Form_Load()
     for (auto *page : p4)
         page->setBackColor(MainMod1::PanelColour);
     P3->cl1->setBackStyle(1);
-    P5->cl5->setBackStyle(1);
     P2->arange_data_lists();
     P2->cmdRemove->raise();
     P2->setBackColor(MainMod1::PanelColour);
     // The headings of the two lists of times in the dark green of the program's texts: the light
     // strip colour they once had could hardly be read on the stage's pale ground.
-    for (QLabel *heading : {P3->Label2, P5->Label10}) {
-        QPalette palette = heading->palette();
-        palette.setColor(QPalette::WindowText, MainMod1::DarkGreenColour);
-        heading->setPalette(palette);
-    }
+    QPalette palette = P3->Label2->palette();
+    palette.setColor(QPalette::WindowText, MainMod1::DarkGreenColour);
+    P3->Label2->setPalette(palette);
     // The window opens at its design size: the toolbar strip's width and the column's foot.
     resize(tw(11775), tw(690 + 8565));
     Form_Resize();
@@ -131,7 +128,7 @@ void MainFrm::buildPages()
     const QRect page(tw(2835), tw(1020), tw(kPageWidthCapTw), tw(kPageHeightTw));
     P3 = new RecordPage(m_context, *P2, m_client, page);
     P5 = P3->P5;
-    connect(P5, &AudioStage::playersMade, this, [this] { namePlayers(); });
+    connect(P5, &DeferredPage::built, this, [this] { nameAudioStageControls(); });
     P2->setPairedQuestion([this] { return P3->paired(); });
     averages = new AveragesPage(m_context, analysis, *P2, m_client, page);
     groups = new GroupsPage(m_context, analysis, *P2, m_client, page);
@@ -493,7 +490,10 @@ void MainFrm::TestTimerProc(int timerId)
     case TimerIdlePeek: P3->IdlePeek(); break;
     case TimerAudioCue: P5->AudioCue(); break;
     case TimerAudioIdle: P5->AudioIdle(); break;
-    case TimerWalker: P5->Timer1->start(); break;
+    case TimerWalker:
+        if (P5->Timer1)
+            P5->Timer1->start();
+        break;
     default: break;
     }
 }

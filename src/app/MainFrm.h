@@ -88,7 +88,7 @@ private:
     void Form_Load();
     void nameControls();
     void namePageControls(Page page);
-    void namePlayers();
+    void nameAudioStageControls();
     void nameAveragesControls();
     void nameGroupsControls();
     void nameCompareControls();

@@ -55,11 +55,11 @@ protected:
         });
         MainMod1::Sounds.SoundDisabled = true;
         window = std::make_unique<MainFrm>(nullptr, true);
-        // The analysis pages and the audio stage's players are made when first opened; these
-        // tests reach into them at once.
+        // The analysis pages and the audio stage are made when first opened; these tests reach
+        // into them at once.
         for (auto *page : window->p4)
             page->ensureBuilt();
-        window->P5->ensurePlayers();
+        window->P5->ensureBuilt();
         window->setAudioOutputCheck([this] { return audioOutput; });
         window->resize(1000, 700);
         window->show();

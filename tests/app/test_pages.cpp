@@ -213,20 +213,27 @@ TEST_F(PagesTest, AnalysisPagesAreMadeWhenFirstOpenedAndWorkAsIfMadeAtStart)
     EXPECT_EQ(window->findChild<QWidget *>("cmdSG"), window->compare->cmdSG);
 }
 
-TEST_F(PagesTest, TheAudioStagesPlayersAreMadeBehindItsControlsWhenItFirstOpens)
+TEST_F(PagesTest, TheAudioStageIsMadeWhenItFirstOpensWithItsPlayersBehindItsControls)
 {
     window = std::make_unique<MainFrm>(nullptr, true);
     window->resize(1100, 760);
     window->show();
     AudioStage &stage = *window->P5;
+    ASSERT_FALSE(stage.isBuilt());
     ASSERT_EQ(stage.ucgif, nullptr);
+    ASSERT_EQ(stage.cl5, nullptr);
+    window->Stop_All_Timers(); // the walker's stop reaches a stage with no controls yet
     window->resize(1200, 800);
     QCoreApplication::processEvents();
 
     stage.open("0.3");
+    ASSERT_TRUE(stage.isBuilt());
     ASSERT_NE(stage.ucgif, nullptr);
     EXPECT_TRUE(stage.ucgif->isVisible());
+    EXPECT_TRUE(stage.cl5->isVisible());
+    EXPECT_EQ(stage.l9->text(), "Average reaction time \nVisual: 0.3 seconds");
     EXPECT_EQ(window->findChild<QWidget *>("ucgif"), stage.ucgif);
+    EXPECT_EQ(window->findChild<QWidget *>("cmdStartAudio"), stage.cmdStartAudio);
     EXPECT_EQ(window->findChild<QWidget *>("ucGifPlayer2"), stage.ucGifPlayer2);
     // Centred in the stage's present width; the walker waits beyond its right edge.
     EXPECT_EQ(stage.ucgif->x(), (stage.width() - stage.ucgif->width()) / 2);

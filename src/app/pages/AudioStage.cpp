@@ -36,20 +36,26 @@ void Play(int buffer, int flags)
 } // namespace
 
 AudioStage::AudioStage(PageContext &context, DataColumn &column, RecordPage &record)
-    : PagePanel(&record), m_context(context), m_column(column), m_record(record)
+    : DeferredPage(&record), m_context(context), m_column(column), m_record(record)
 {
+    // A child of the Record page: it goes and comes back with that page, so it can never stand
+    // over an analysis page. Its controls are made when it first opens: a pupil who never takes
+    // the audio test never pays for them, and the walker's frames are the largest picture of all.
     setGeometry(record.rect());
+    setBackColor(QColor(236, 240, 226));
+    setPictureFile(QStringLiteral(":/images/audio_stage.png")); // read when the stage first shows
+    hide();
+}
+
+void AudioStage::buildControls()
+{
+    makePlayers(); // first, so that everything else on the stage stands in front of them
     build();
+    P5_Resize();
 }
 
 void AudioStage::build()
 {
-    // A child of the Record page: it goes and comes back with that page, so it can never stand
-    // over an analysis page.
-    setBackColor(QColor(236, 240, 226));
-    setPictureFile(QStringLiteral(":/images/audio_stage.png")); // read when the stage first shows
-    hide();
-
     IMmsg1 = new QLabel(this);
     SetPixmapWhenShown(IMmsg1, PictureInLanguage(QStringLiteral(":/images/audio_invitation.png")));
     IMmsg1->resize(218, 183);
@@ -70,6 +76,11 @@ void AudioStage::build()
     Label10 = pages::NewLabel(this, tr("Reaction Times:"), QRect(kListLeft, kRunTop, kListWidth, 18), true);
     cl5 = new zrt::RowList(this);
     cl5->setGeometry(kListLeft, kListTop, kListWidth, tw(1710));
+    cl5->setBackStyle(1);
+    // The heading in the dark green of the program's texts, as on the Record page.
+    QPalette palette = Label10->palette();
+    palette.setColor(QPalette::WindowText, MainMod1::DarkGreenColour);
+    Label10->setPalette(palette);
     nameForScreenReaders();
 
     Timer1 = new QTimer(this);
@@ -81,12 +92,8 @@ void AudioStage::build()
     orderTabs();
 }
 
-void AudioStage::ensurePlayers()
+void AudioStage::makePlayers()
 {
-    if (ucgif)
-        return;
-    // Made when the stage first opens, not at the start: the walker's frames are the largest
-    // picture of the program, and a pupil who never takes the audio test never needs them.
     // The players take the values the window stores for them: the target as the characters; the
     // walker at its natural size, a tenth of a second at least per frame, built after load and
     // not playing by itself.
@@ -102,15 +109,6 @@ void AudioStage::ensurePlayers()
     ucGifPlayer2->setGeometry(width(), 220, 179, 174);
     ucgif->setAccessibleName(tr("Zorvane to click when you hear the sound"));
     ucGifPlayer2->setAccessibleName(tr("Walking Zorvane"));
-    // Behind everything else on the stage, as if made first.
-    ucGifPlayer2->lower();
-    ucgif->lower();
-    if (isVisible()) {
-        ucgif->show();
-        ucGifPlayer2->show();
-    }
-    P5_Resize();
-    Q_EMIT playersMade();
 }
 
 void AudioStage::nameForScreenReaders()
@@ -129,13 +127,11 @@ void AudioStage::placeListenBalloon() { IMmsg1->move(ucgif->x() + ucgif->width()
 void AudioStage::P5_Resize()
 {
     const int width = this->width();
-    if (ucgif) {
-        ucgif->move((width - ucgif->width()) / 2, ucgif->y());
-        // The balloon's own flag, not whether it is on screen: the stage is hidden when it is laid out.
-        if (!IMmsg1->isHidden())
-            placeListenBalloon();
-        ucGifPlayer2->move(width, ucGifPlayer2->y());
-    }
+    ucgif->move((width - ucgif->width()) / 2, ucgif->y());
+    // The balloon's own flag, not whether it is on screen: the stage is hidden when it is laid out.
+    if (!IMmsg1->isHidden())
+        placeListenBalloon();
+    ucGifPlayer2->move(width, ucGifPlayer2->y());
     cmdStartAudio->move((width - cmdStartAudio->width()) / 2, cmdStartAudio->y());
     // The result text may not run over the list of times on the left.
     const int room = width - 2 * (cl5->x() + cl5->width() + kGap);
@@ -147,7 +143,7 @@ void AudioStage::P5_Resize()
 
 void AudioStage::open(const QString &visualMean)
 {
-    ensurePlayers();
+    ensureBuilt();
     // Times answered by key are told apart from those answered by mouse, in the heading, so the
     // verdict's lines below keep their form.
     const QString heading = m_record.respondsWithSpace() ? tr("Average reaction time ") + tr("(by space bar)")
@@ -298,7 +294,11 @@ void AudioStage::cmdadd_Click(int index)
     m_context.timers.SetTimer(TimerIdlePeek, 2500);
 }
 
-void AudioStage::stopWalk() { Timer1->stop(); }
+void AudioStage::stopWalk()
+{
+    if (Timer1)
+        Timer1->stop();
+}
 
 // ---------------------------------------------------------------- the walker
 

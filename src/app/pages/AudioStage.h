@@ -4,7 +4,7 @@
 // no cue starts while it does. It opens after a visual run that wants a pair, and its Add or
 // Cancel ends the pair.
 
-#include "app/PagePanel.h"
+#include "app/pages/DeferredPage.h"
 
 #include <array>
 
@@ -19,7 +19,7 @@ class RowList;
 class ucGifPlayer;
 } // namespace zrt
 
-class AudioStage : public PagePanel {
+class AudioStage : public DeferredPage {
     Q_OBJECT
 public:
     // The target's idle nod: off until Start, then up and down in turn.
@@ -47,8 +47,6 @@ public:
 
     // Shown for the second half of a pair, with the visual mean in the verdict.
     void open(const QString &visualMean);
-    // The target and the walker exist from the stage's first opening on; this makes them sooner.
-    void ensurePlayers();
     void TellNoSoundOutput();
 
     void cmdStartAudio_Click();
@@ -60,10 +58,11 @@ public:
     void Timer1_Timer();
     void stopWalk();
 
-Q_SIGNALS:
-    void playersMade();
+protected:
+    void buildControls() override;
 
 private:
+    void makePlayers();
     void build();
     // Names the controls whose captions stand beside them, for screen readers.
     void nameForScreenReaders();

@@ -108,7 +108,8 @@ bool RecordPage::eventFilter(QObject *watched, QEvent *event)
         for (const auto &[control, policy] : m_bandFocus)
             control->setFocusPolicy(covered ? Qt::NoFocus : policy);
         QWidget *focused = QApplication::focusWidget();
-        if (covered && focused && isAncestorOf(focused) && !P5->isAncestorOf(focused) && P5->cmdStartAudio->isVisible())
+        if (covered && focused && isAncestorOf(focused) && !P5->isAncestorOf(focused) && P5->isBuilt() &&
+            P5->cmdStartAudio->isVisible())
             P5->cmdStartAudio->setFocus(Qt::OtherFocusReason);
     }
     return PagePanel::eventFilter(watched, event);
