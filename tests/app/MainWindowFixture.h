@@ -73,6 +73,23 @@ protected:
         mStopWatch::SwSetCounter(nullptr);
     }
 
+    // Pairs of results put into the two lists, as Add puts them.
+    void Collect(std::initializer_list<std::pair<const char *, const char *>> pairs)
+    {
+        for (auto [visual, audio] : pairs) {
+            window->P2->cl2->AddItem(visual);
+            window->P2->CL4->AddItem(audio);
+        }
+        window->P2->SetDataCount();
+    }
+    // Six pairs, so that every analysis page opens: 23 25 27 29 31 33 sorted; in classes 20 to
+    // under 30: 4, 30 to under 40: 2.
+    void Six()
+    {
+        Collect({{"0.23", "0.31"}, {"0.27", "0.35"}, {"0.31", "0.3"}, {"0.25", "0.29"}, {"0.29", "0.4"},
+                 {"0.33", "0.37"}});
+    }
+
     // Pops the character the script chooses and presses it after `ms` milliseconds.
     void PopAndPress(int ms, float choice = 0.0f)
     {

@@ -30,21 +30,6 @@ protected:
         MainWindowTest::SetUp();
     }
 
-    void Collect(std::initializer_list<std::pair<const char *, const char *>> pairs)
-    {
-        for (auto [visual, audio] : pairs) {
-            window->P2->cl2->AddItem(visual);
-            window->P2->CL4->AddItem(audio);
-        }
-        window->P2->SetDataCount();
-    }
-    // 23 25 27 29 31 33 sorted; in classes 20 to under 30: 4, 30 to under 40: 2.
-    void Six()
-    {
-        Collect({{"0.23", "0.31"}, {"0.27", "0.35"}, {"0.31", "0.3"}, {"0.25", "0.29"}, {"0.29", "0.4"},
-                 {"0.33", "0.37"}});
-    }
-
     // A control a pupil acts on, or a chart: what a screen reader must be able to name.
     static bool NeedsName(const QWidget *w)
     {

@@ -207,16 +207,6 @@ protected:
         }
         return left;
     }
-    // Six pairs, so that every analysis page opens.
-    void Six()
-    {
-        for (auto [visual, audio] : {std::pair{"0.23", "0.31"}, {"0.27", "0.35"}, {"0.31", "0.3"}, {"0.25", "0.29"},
-                                     {"0.29", "0.4"}, {"0.33", "0.37"}}) {
-            window->P2->cl2->AddItem(visual);
-            window->P2->CL4->AddItem(audio);
-        }
-        window->P2->SetDataCount();
-    }
 };
 
 } // namespace

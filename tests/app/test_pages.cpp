@@ -17,19 +17,6 @@ namespace {
 
 class PagesTest : public MainWindowTest {
 protected:
-    void Collect(std::initializer_list<std::pair<const char *, const char *>> pairs)
-    {
-        for (auto [visual, audio] : pairs) {
-            window->P2->cl2->AddItem(visual);
-            window->P2->CL4->AddItem(audio);
-        }
-        window->P2->SetDataCount();
-    }
-    void Six()
-    {
-        Collect({{"0.23", "0.31"}, {"0.27", "0.35"}, {"0.31", "0.3"}, {"0.25", "0.29"}, {"0.29", "0.4"},
-                 {"0.33", "0.37"}});
-    }
     // Counts pixels of a colour on a surface.
     static int Count(zrt::PictureBox *surface, QRgb colour)
     {
