@@ -68,12 +68,6 @@ RowList::RowList(QWidget *parent)
     connect(m_Bar, &QScrollBar::valueChanged, this, &RowList::BarChange);
     connect(m_Bar, &QScrollBar::sliderMoved, this, &RowList::BarScroll);
 
-    m_txtEdit = new QLineEdit(m_iScr);
-    m_txtEdit->setObjectName(QStringLiteral("txtEdit"));
-    m_txtEdit->setFrame(false);
-    m_txtEdit->hide();
-    m_txtEdit->installEventFilter(this);
-
     // The pump lets the release through; a release that went to another window (the button
     // is up although we never saw it) also ends the drag, so the loop cannot hang.
     QPointer<RowList> self(this);
@@ -93,7 +87,8 @@ RowList::~RowList()
 {
     m_Dragging = false;
     m_iScr->removeEventFilter(this);
-    m_txtEdit->removeEventFilter(this);
+    if (m_txtEdit)
+        m_txtEdit->removeEventFilter(this);
 }
 
 // ---- run-time members -----------------------------------------------------------------------
@@ -393,7 +388,20 @@ void RowList::Order()
 
 // ---- in-place editing -----------------------------------------------------------------------
 
-bool RowList::IsEditing() const { return !m_txtEdit->isHidden(); }
+bool RowList::IsEditing() const { return m_txtEdit && !m_txtEdit->isHidden(); }
+
+QLineEdit *RowList::Editor()
+{
+    // Made at the first edit: most lists are never edited, and each editor costs a text layout.
+    if (!m_txtEdit) {
+        m_txtEdit = new QLineEdit(m_iScr);
+        m_txtEdit->setObjectName(QStringLiteral("txtEdit"));
+        m_txtEdit->setFrame(false);
+        m_txtEdit->hide();
+        m_txtEdit->installEventFilter(this);
+    }
+    return m_txtEdit;
+}
 
 void RowList::StartEdit()
 {
@@ -402,12 +410,13 @@ void RowList::StartEdit()
         return;
     if (!IsRowVisible(m_ListIndex))
         m_Bar->setValue(std::min<int>(m_ListIndex, m_Bar->maximum()));
-    m_txtEdit->setGeometry(TextRect(m_ListIndex - TopIndex()));
-    m_txtEdit->setFont(font());
-    m_txtEdit->setText(m_Items[static_cast<size_t>(m_ListIndex)].Text);
-    m_txtEdit->show();
-    m_txtEdit->setFocus(Qt::OtherFocusReason);
-    m_txtEdit->selectAll();
+    QLineEdit *editor = Editor();
+    editor->setGeometry(TextRect(m_ListIndex - TopIndex()));
+    editor->setFont(font());
+    editor->setText(m_Items[static_cast<size_t>(m_ListIndex)].Text);
+    editor->show();
+    editor->setFocus(Qt::OtherFocusReason);
+    editor->selectAll();
 }
 
 void RowList::EndEdit(bool save)
@@ -430,7 +439,7 @@ void RowList::EditKeyPress(int keyAscii)
 
 void RowList::CommitEdit()
 {
-    if (m_ListIndex >= 0 && m_ListIndex < m_ListCount) {
+    if (IsEditing() && m_ListIndex >= 0 && m_ListIndex < m_ListCount) {
         m_Items[static_cast<size_t>(m_ListIndex)].Text = m_txtEdit->text();
         DrawItem(m_ListIndex);
     }

@@ -147,6 +147,7 @@ public:
     void StartEdit();
     void EndEdit(bool save = false);
     bool IsEditing() const;
+    // The in-place editor; none before the first edit.
     QLineEdit *txtEdit() const { return m_txtEdit; }
     // A key typed into the editor as its character code: 13 Enter, 10 Ctrl+Enter, 27 Escape.
     void EditKeyPress(int keyAscii);
@@ -195,6 +196,7 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    QLineEdit *Editor();
     // drawing
     void DrawItem(int index);
     void DrawRowBackground(QPainter &painter, const QRect &rect, bool selected);

@@ -651,8 +651,10 @@ TEST_F(RowListTest, IconsFromAMaskedStrip)
 TEST_F(RowListTest, InPlaceEditing)
 {
     fill(3);
+    EXPECT_EQ(list.txtEdit(), nullptr) << "the editor is made at the first edit";
     list.StartEdit();
     EXPECT_FALSE(list.IsEditing()) << "nothing to edit without a current item";
+    list.EndEdit(true); // nothing to save, and no editor to read it from
 
     list.setListIndex(1);
     list.StartEdit();
