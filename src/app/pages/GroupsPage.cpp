@@ -139,6 +139,20 @@ void GroupsPage::describeCharts()
             surface->setTextAlternative(QString());
         return;
     }
+    // The words name every class and are asked for far less often than the charts are drawn:
+    // each chart's are made when a screen reader first reads them.
+    for (zrt::PictureBox *surface : {ptally, pEmean, pCF, ppCF})
+        surface->setTextAlternativeSource([this, surface] {
+            try {
+                return chartWords(surface);
+            } catch (const zrt::RunTimeError &) {
+                return QString(); // data the charts could not show either
+            }
+        });
+}
+
+QString GroupsPage::chartWords(const zrt::PictureBox *surface) const
+{
     std::vector<int> data = m_analysis.GroupedData;
     const zrt::ClassTable t = zrt::BuildClassTable(data);
     const bool audio = m_column.visualChosen() != 1;
@@ -165,7 +179,8 @@ void GroupsPage::describeCharts()
     QString tally = pages::Sentences({pages::ChartIntro(tr("Tally and frequency table"), audio, count, 0), classes});
     if (m_shown.tally && !t.rows.empty())
         tally = pages::Sentences({tally, frequencyWords});
-    ptally->setTextAlternative(tally);
+    if (surface == ptally)
+        return tally;
 
     QString mean = pages::Sentences({pages::ChartIntro(tr("Estimated mean table"), audio, count, 0), classes});
     if (m_shown.results && t.frequencyTotal > 0)
@@ -174,7 +189,8 @@ void GroupsPage::describeCharts()
                                      .arg(t.frequencyTotal)
                                      .arg(t.productTotal),
                                  CoreTexts::tr(zrt::EstimatedMeanText(t))});
-    pEmean->setTextAlternative(mean);
+    if (surface == pEmean)
+        return mean;
 
     // The frequencies stand in this table before its button is pressed; the button adds the
     // cumulative ones.
@@ -183,7 +199,8 @@ void GroupsPage::describeCharts()
     if (m_shown.cumulative && !t.rows.empty())
         table = pages::Sentences(
             {table, tr("Cumulative frequencies: %1.").arg(cumulative.join(QStringLiteral("; ")))});
-    pCF->setTextAlternative(table);
+    if (surface == pCF)
+        return table;
 
     QString plot = pages::ChartIntro(tr("Cumulative frequency plot"), audio, count, 0);
     if (m_shown.plot && !t.rows.empty()) {
@@ -197,7 +214,7 @@ void GroupsPage::describeCharts()
         if (Check3->Value() == 1 && !readings.isEmpty())
             plot = pages::Sentences({plot, tr("Read from the curve: %1.").arg(readings.join(QStringLiteral(", ")))});
     }
-    ppCF->setTextAlternative(plot);
+    return plot;
 }
 
 void GroupsPage::togglePlot()

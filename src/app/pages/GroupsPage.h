@@ -65,6 +65,7 @@ private:
     void nameForScreenReaders();
     // Writes what each chart shows into its text alternative: the revealed answers only.
     void describeCharts();
+    QString chartWords(const zrt::PictureBox *surface) const;
 
     PageContext &m_context;
     zrt::AnalysisState &m_analysis;
